@@ -1,0 +1,9 @@
+// KelControls: the public headers of the library that the platform provides.
+#pragma once
+
+#include "values/IntegerValues.h"
+#include "values/DoubleValue.h"
+#include "values/StringEx.h"
+#include "values/KelDate.h"
+#include "values/KelTime.h"
+#include "values/BoolSearch.h"

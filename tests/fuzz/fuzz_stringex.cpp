@@ -1,0 +1,3 @@
+#include <stddef.h>
+#include <stdint.h>
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t*, size_t) { return 0; }

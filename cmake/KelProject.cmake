@@ -13,6 +13,8 @@ if(KEL_FUZZ)
 endif()
 
 if(WIN32)
+  set(CMAKE_SHARED_LIBRARY_PREFIX "")
+  set(CMAKE_IMPORT_LIBRARY_PREFIX "")
   # C99 printf family on MinGW, so "%f", "%e" and "%g" give the same digits as on Linux.
   add_compile_definitions(__USE_MINGW_ANSI_STDIO=1 _AFXDLL WINVER=0x0601 _WIN32_WINNT=0x0601)
   # The modules share one C++ runtime, as MFC modules share one CRT: copy it beside the programs.

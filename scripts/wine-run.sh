@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
 # Runs one Windows program under Wine, in a private prefix inside the build tree.
 # CMake uses this as the cross-compiling emulator, so ctest runs the Windows tests.
+# "wine-run.sh --init" only creates the prefix. KEL_WINEPREFIX names the prefix; by default
+# it is "wineprefix" beside the program's folder.
 set -euo pipefail
-exe=$1; shift
-bindir=$(cd "$(dirname "$exe")" && pwd)
-export WINEPREFIX=${KEL_WINEPREFIX:-$(dirname "$bindir")/wineprefix}
+if [ "${1:-}" != "--init" ]; then
+  exe=$1; shift
+  bindir=$(cd "$(dirname "$exe")" && pwd)
+  export WINEPREFIX=${KEL_WINEPREFIX:-$(dirname "$bindir")/wineprefix}
+else
+  export WINEPREFIX=${KEL_WINEPREFIX:?KEL_WINEPREFIX must name the prefix}
+fi
 export WINEDEBUG=${WINEDEBUG:--all}
 # No Mono or Gecko: their install prompts would wait for a person.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
@@ -17,4 +23,5 @@ mkdir -p "$WINEPREFIX"
     wineserver -w
   fi
 ) 9>"$WINEPREFIX.lock"
+[ "${1:-}" = "--init" ] && exit 0
 exec wine "$exe" "$@"

@@ -1,1 +1,110 @@
+#include <afxcoll.h>
+#include <afxtempl.h>
 #include <gtest/gtest.h>
+
+namespace
+{
+CString Join(const CStringArray& a)
+{
+    CString s;
+    for (INT_PTR i = 0; i < a.GetSize(); ++i)
+        s += (i ? "," : "") + a[i];
+    return s;
+}
+
+template <class F>
+void ExpectInvalidArg(F f)
+{
+    try
+    {
+        f();
+        ADD_FAILURE() << "no exception";
+    }
+    catch (CInvalidArgException* e)
+    {
+        e->Delete();
+    }
+}
+} // namespace
+
+TEST(CArrayTest, AddInsertRemove)
+{
+    CStringArray a;
+    EXPECT_EQ(0, a.Add("b"));
+    EXPECT_EQ(1, a.Add(CString("d")));
+    a.InsertAt(0, "a");
+    a.InsertAt(2, "c", 2);
+    EXPECT_EQ("a,b,c,c,d", Join(a));
+    a.RemoveAt(2);
+    EXPECT_EQ("a,b,c,d", Join(a));
+    a.RemoveAt(1, 3);
+    EXPECT_EQ("a", Join(a));
+    a.InsertAt(3, "z"); // past the end: the gap is filled with empty elements
+    EXPECT_EQ("a,,,z", Join(a));
+    EXPECT_EQ(3, a.GetUpperBound());
+    a.RemoveAll();
+    EXPECT_TRUE(a.IsEmpty());
+    EXPECT_EQ(NULL, a.GetData());
+}
+
+TEST(CArrayTest, GrowAndShrink)
+{
+    CUIntArray a;
+    a.SetSize(3);
+    EXPECT_EQ(0u, a[2]); // new elements are zeroed
+    a.SetAtGrow(5, 7);
+    EXPECT_EQ(6, a.GetSize());
+    EXPECT_EQ(7u, a[5]);
+    a.SetSize(2, 100);
+    EXPECT_EQ(2, a.GetSize());
+    for (UINT i = 0; i < 1000000; ++i)
+        a.Add(i);
+    EXPECT_EQ(1000002, a.GetSize());
+    EXPECT_EQ(999999u, a[a.GetUpperBound()]);
+}
+
+TEST(CArrayTest, AddOfOwnElementSurvivesReallocation)
+{
+    CStringArray a;
+    a.Add("first");
+    for (int i = 0; i < 100; ++i)
+        a.Add(a[0]);
+    EXPECT_EQ("first", a[100]);
+}
+
+TEST(CArrayTest, CopyAndAppend)
+{
+    CPtrArray a, b;
+    int x = 0, y = 0;
+    a.Add(&x);
+    b.Add(&y);
+    EXPECT_EQ(1, a.Append(b));
+    EXPECT_EQ(2, a.Append(a));
+    ASSERT_EQ(4, a.GetSize());
+    EXPECT_EQ(&y, a[3]);
+    b.Copy(a);
+    EXPECT_EQ(4, b.GetSize());
+    CPtrArray c;
+    c.Add(&x);
+    a.InsertAt(1, &c);
+    EXPECT_EQ(5, a.GetSize());
+    EXPECT_EQ(&x, a[1]);
+}
+
+TEST(CArrayTest, InvalidIndexesThrow)
+{
+    CArray<int, int> a;
+    a.Add(1);
+    ExpectInvalidArg([&] { a.GetAt(1); });
+    ExpectInvalidArg([&] { a[-1] = 0; });
+    ExpectInvalidArg([&] { a.SetAt(2, 0); });
+    ExpectInvalidArg([&] { a.SetAtGrow(-1, 0); });
+    ExpectInvalidArg([&] { a.InsertAt(0, 0, 0); });
+    ExpectInvalidArg([&] { a.InsertAt(-1, 0); });
+    ExpectInvalidArg([&] { a.RemoveAt(0, 2); });
+    ExpectInvalidArg([&] { a.RemoveAt(-1); });
+    ExpectInvalidArg([&] { a.SetSize(-1); });
+    ExpectInvalidArg([&] { a.InsertAt(0, (CArray<int, int>*)NULL); });
+    EXPECT_EQ(1, a.GetSize());
+    EXPECT_EQ(1, a[0]);
+}

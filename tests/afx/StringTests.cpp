@@ -1,1 +1,221 @@
+#include <afx.h>
 #include <gtest/gtest.h>
+
+#include <string.h>
+
+namespace
+{
+CString Repeat(const char* text, int n)
+{
+    CString s;
+    for (int i = 0; i < n; ++i)
+        s += text;
+    return s;
+}
+} // namespace
+
+TEST(CStringTest, ConstructionForms)
+{
+    EXPECT_STREQ("", (LPCTSTR)CString());
+    EXPECT_STREQ("", (LPCTSTR)CString((LPCTSTR)NULL));
+    EXPECT_STREQ("abc", (LPCTSTR)CString("abc"));
+    EXPECT_STREQ("ab", (LPCTSTR)CString("abcdef", 2));
+    EXPECT_STREQ("", (LPCTSTR)CString("abc", -1));
+    EXPECT_STREQ("xxx", (LPCTSTR)CString('x', 3));
+    EXPECT_STREQ("", (LPCTSTR)CString('x', 0));
+    EXPECT_EQ(3, CString("abc").GetLength());
+    EXPECT_TRUE(CString().IsEmpty());
+}
+
+TEST(CStringTest, CopiesAreIndependentAfterWrites)
+{
+    CString a("shared");
+    CString b(a);
+    CString c;
+    c = a;
+    b.SetAt(0, 'S');
+    c.MakeUpper();
+    EXPECT_STREQ("shared", (LPCTSTR)a);
+    EXPECT_STREQ("Shared", (LPCTSTR)b);
+    EXPECT_STREQ("SHARED", (LPCTSTR)c);
+
+    CString d(a);
+    d.GetBuffer(0)[0] = 'X';
+    d.ReleaseBuffer();
+    EXPECT_STREQ("shared", (LPCTSTR)a);
+    EXPECT_STREQ("Xhared", (LPCTSTR)d);
+}
+
+TEST(CStringTest, IndexingAndBounds)
+{
+    CString s("abc");
+    EXPECT_EQ('b', s[1]);
+    EXPECT_EQ('\0', s.GetAt(3)); // the terminator may be read
+    EXPECT_THROW(s.GetAt(4), CInvalidArgException*);
+    EXPECT_THROW(s.GetAt(-1), CInvalidArgException*);
+    EXPECT_THROW(s.SetAt(3, 'x'), CInvalidArgException*);
+    try
+    {
+        CString().SetAt(0, 'x');
+        FAIL();
+    }
+    catch (CException* e)
+    {
+        e->Delete();
+    }
+}
+
+TEST(CStringTest, AppendAndConcatenate)
+{
+    CString s("ab");
+    s += s;
+    EXPECT_STREQ("abab", (LPCTSTR)s);
+    s += (LPCTSTR)s + 2; // source inside the string itself
+    EXPECT_STREQ("ababab", (LPCTSTR)s);
+    s = "x";
+    s += 'y';
+    s += CString("z");
+    EXPECT_STREQ("xyz", (LPCTSTR)s);
+    EXPECT_STREQ("1xyz2", (LPCTSTR)('1' + s + '2'));
+    EXPECT_STREQ("<xyz>", (LPCTSTR)("<" + s + ">"));
+    // Many appends grow geometrically and stay correct.
+    CString big = Repeat("0123456789", 10000);
+    EXPECT_EQ(100000, big.GetLength());
+    EXPECT_EQ(99990, big.ReverseFind('0'));
+}
+
+TEST(CStringTest, AssignFromOwnBuffer)
+{
+    CString s("hello world");
+    s = (LPCTSTR)s + 6;
+    EXPECT_STREQ("world", (LPCTSTR)s);
+    s = 'q';
+    EXPECT_STREQ("q", (LPCTSTR)s);
+}
+
+TEST(CStringTest, ExtractionClampsItsArguments)
+{
+    const CString s("abcdef");
+    struct Case
+    {
+        CString actual;
+        const char* expected;
+    } cases[] = {
+        {s.Mid(2), "cdef"},  {s.Mid(2, 2), "cd"}, {s.Mid(-3, 2), "ab"}, {s.Mid(4, 99), "ef"},
+        {s.Mid(9), ""},      {s.Mid(1, -1), ""},  {s.Left(2), "ab"},    {s.Left(-1), ""},
+        {s.Left(99), "abcdef"}, {s.Right(2), "ef"}, {s.Right(-5), ""},  {s.Right(99), "abcdef"},
+        {s.SpanIncluding("cba"), "abc"}, {s.SpanIncluding("x"), ""}, {s.SpanExcluding("d"), "abc"},
+        {s.SpanExcluding("xyz"), "abcdef"},
+    };
+    for (const Case& c : cases)
+        EXPECT_STREQ(c.expected, (LPCTSTR)c.actual);
+}
+
+TEST(CStringTest, Searching)
+{
+    const CString s("abcabc");
+    EXPECT_EQ(1, s.Find('b'));
+    EXPECT_EQ(4, s.Find('b', 2));
+    EXPECT_EQ(-1, s.Find('b', 6));
+    EXPECT_EQ(-1, s.Find('z'));
+    EXPECT_EQ(3, s.Find("abc", 1));
+    EXPECT_EQ(-1, s.Find("abc", 7));
+    EXPECT_EQ(-1, s.Find((LPCTSTR)NULL));
+    EXPECT_EQ(4, s.ReverseFind('b'));
+    EXPECT_EQ(-1, s.ReverseFind('z'));
+    EXPECT_EQ(2, s.FindOneOf("xc"));
+    EXPECT_EQ(-1, s.FindOneOf("xyz"));
+}
+
+TEST(CStringTest, EditingOperations)
+{
+    CString s("a-b-c");
+    EXPECT_EQ(2, s.Replace('-', '+'));
+    EXPECT_STREQ("a+b+c", (LPCTSTR)s);
+    EXPECT_EQ(2, s.Replace("+", "--"));
+    EXPECT_STREQ("a--b--c", (LPCTSTR)s);
+    EXPECT_EQ(0, s.Replace("", "x"));
+    EXPECT_EQ(2, s.Replace("--", NULL));
+    EXPECT_STREQ("abc", (LPCTSTR)s);
+    EXPECT_EQ(1, s.Remove('b'));
+    EXPECT_STREQ("ac", (LPCTSTR)s);
+    EXPECT_EQ(3, s.Insert(1, 'b'));
+    EXPECT_EQ(5, s.Insert(99, "de"));
+    EXPECT_EQ(6, s.Insert(-4, "_"));
+    EXPECT_STREQ("_abcde", (LPCTSTR)s);
+    EXPECT_EQ(4, s.Delete(0, 2));
+    EXPECT_EQ(4, s.Delete(9, 2));
+    EXPECT_EQ(2, s.Delete(2, 99));
+    EXPECT_STREQ("bc", (LPCTSTR)s);
+    s.MakeReverse();
+    EXPECT_STREQ("cb", (LPCTSTR)s);
+}
+
+TEST(CStringTest, Trimming)
+{
+    CString s(" \t x y \r\n");
+    s.TrimLeft();
+    EXPECT_STREQ("x y \r\n", (LPCTSTR)s);
+    s.TrimRight();
+    EXPECT_STREQ("x y", (LPCTSTR)s);
+    s = "--=x=--";
+    s.TrimLeft('-');
+    EXPECT_STREQ("=x=--", (LPCTSTR)s);
+    s.TrimRight("-=");
+    EXPECT_STREQ("=x", (LPCTSTR)s);
+}
+
+TEST(CStringTest, ComparisonAndCase)
+{
+    CString s("Apple");
+    EXPECT_EQ(0, s.Compare("Apple"));
+    EXPECT_LT(s.Compare("apple"), 0);
+    EXPECT_EQ(0, s.CompareNoCase("aPPLE"));
+    EXPECT_GT(s.CompareNoCase("APP"), 0);
+    EXPECT_TRUE(s == "Apple");
+    EXPECT_TRUE("Apple" == s);
+    EXPECT_TRUE(s != CString("apple"));
+    EXPECT_TRUE(s < "B");
+    EXPECT_TRUE(s >= "Apple");
+    EXPECT_TRUE(CString("\xE9") > "z"); // characters compare unsigned
+    s.MakeLower();
+    EXPECT_STREQ("apple", (LPCTSTR)s);
+}
+
+TEST(CStringTest, FormatMatchesCPrintf)
+{
+    CString s;
+    s.Format("%05d|%-3s|%c|%.3f|%e|%g|%hd|%lu", 42, "ab", 'z', 3.14159, 12345.678, 0.0001, (short)-2,
+             4294967295UL);
+    EXPECT_STREQ("00042|ab |z|3.142|1.234568e+04|0.0001|-2|4294967295", (LPCTSTR)s);
+    s = "self";
+    s.Format("[%s]", (LPCTSTR)s); // the argument is the string's own buffer
+    EXPECT_STREQ("[self]", (LPCTSTR)s);
+    CString big;
+    big.Format("%s", (LPCTSTR)Repeat("x", 5000));
+    EXPECT_EQ(5000, big.GetLength());
+}
+
+TEST(CStringTest, BufferProtocol)
+{
+    CString s;
+    strcpy(s.GetBuffer(10), "hello");
+    s.ReleaseBuffer();
+    EXPECT_EQ(5, s.GetLength());
+    s.GetBuffer(10);
+    s.ReleaseBuffer(3);
+    EXPECT_STREQ("hel", (LPCTSTR)s);
+    LPTSTR p = s.GetBufferSetLength(6);
+    memcpy(p, "abcdef", 6);
+    s.ReleaseBuffer(99); // clamped to what was allocated
+    EXPECT_STREQ("abcdef", (LPCTSTR)s);
+    s.FreeExtra();
+    EXPECT_STREQ("abcdef", (LPCTSTR)s);
+}
+
+TEST(CStringTest, LoadStringWithoutResourceIsEmpty)
+{
+    CString s("old");
+    EXPECT_FALSE(s.LoadString(65000));
+    EXPECT_TRUE(s.IsEmpty());
+}

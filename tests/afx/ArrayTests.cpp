@@ -2,6 +2,8 @@
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
+#include "ExpectThrow.h"
+
 namespace
 {
 CString Join(const CStringArray& a)
@@ -10,20 +12,6 @@ CString Join(const CStringArray& a)
     for (INT_PTR i = 0; i < a.GetSize(); ++i)
         s += (i ? "," : "") + a[i];
     return s;
-}
-
-template <class F>
-void ExpectInvalidArg(F f)
-{
-    try
-    {
-        f();
-        ADD_FAILURE() << "no exception";
-    }
-    catch (CInvalidArgException* e)
-    {
-        e->Delete();
-    }
 }
 } // namespace
 
@@ -95,16 +83,16 @@ TEST(CArrayTest, InvalidIndexesThrow)
 {
     CArray<int, int> a;
     a.Add(1);
-    ExpectInvalidArg([&] { a.GetAt(1); });
-    ExpectInvalidArg([&] { a[-1] = 0; });
-    ExpectInvalidArg([&] { a.SetAt(2, 0); });
-    ExpectInvalidArg([&] { a.SetAtGrow(-1, 0); });
-    ExpectInvalidArg([&] { a.InsertAt(0, 0, 0); });
-    ExpectInvalidArg([&] { a.InsertAt(-1, 0); });
-    ExpectInvalidArg([&] { a.RemoveAt(0, 2); });
-    ExpectInvalidArg([&] { a.RemoveAt(-1); });
-    ExpectInvalidArg([&] { a.SetSize(-1); });
-    ExpectInvalidArg([&] { a.InsertAt(0, (CArray<int, int>*)NULL); });
+    ExpectThrown<CInvalidArgException>([&] { a.GetAt(1); });
+    ExpectThrown<CInvalidArgException>([&] { a[-1] = 0; });
+    ExpectThrown<CInvalidArgException>([&] { a.SetAt(2, 0); });
+    ExpectThrown<CInvalidArgException>([&] { a.SetAtGrow(-1, 0); });
+    ExpectThrown<CInvalidArgException>([&] { a.InsertAt(0, 0, 0); });
+    ExpectThrown<CInvalidArgException>([&] { a.InsertAt(-1, 0); });
+    ExpectThrown<CInvalidArgException>([&] { a.RemoveAt(0, 2); });
+    ExpectThrown<CInvalidArgException>([&] { a.RemoveAt(-1); });
+    ExpectThrown<CInvalidArgException>([&] { a.SetSize(-1); });
+    ExpectThrown<CInvalidArgException>([&] { a.InsertAt(0, (CArray<int, int>*)NULL); });
     EXPECT_EQ(1, a.GetSize());
     EXPECT_EQ(1, a[0]);
 }

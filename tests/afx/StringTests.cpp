@@ -1,6 +1,8 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
+#include "ExpectThrow.h"
+
 #include <string.h>
 
 namespace
@@ -51,18 +53,10 @@ TEST(CStringTest, IndexingAndBounds)
     CString s("abc");
     EXPECT_EQ('b', s[1]);
     EXPECT_EQ('\0', s.GetAt(3)); // the terminator may be read
-    EXPECT_THROW(s.GetAt(4), CInvalidArgException*);
-    EXPECT_THROW(s.GetAt(-1), CInvalidArgException*);
-    EXPECT_THROW(s.SetAt(3, 'x'), CInvalidArgException*);
-    try
-    {
-        CString().SetAt(0, 'x');
-        FAIL();
-    }
-    catch (CException* e)
-    {
-        e->Delete();
-    }
+    ExpectThrown<CInvalidArgException>([&] { s.GetAt(4); });
+    ExpectThrown<CInvalidArgException>([&] { s.GetAt(-1); });
+    ExpectThrown<CInvalidArgException>([&] { s.SetAt(3, 'x'); });
+    ExpectThrown<CException>([] { CString().SetAt(0, 'x'); });
 }
 
 TEST(CStringTest, AppendAndConcatenate)

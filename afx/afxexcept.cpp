@@ -19,6 +19,11 @@ BOOL CopyMessage(const char* text, LPTSTR lpszError, UINT nMaxError, PUINT pnHel
 }
 } // namespace
 
+IMPLEMENT_DYNAMIC(CException, CObject)
+IMPLEMENT_DYNAMIC(CMemoryException, CException)
+IMPLEMENT_DYNAMIC(CInvalidArgException, CException)
+IMPLEMENT_DYNAMIC(CUserException, CException)
+
 CException::CException(BOOL bAutoDelete) : m_bAutoDelete(bAutoDelete) {}
 
 CException::~CException() {}

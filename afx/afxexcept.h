@@ -2,16 +2,22 @@
 // catcher calls Delete(); the memory exception is a preallocated object that Delete() keeps.
 #pragma once
 
-#include "afxplatform.h"
+#include "afxobject.h"
 
-class AFX_CORE_CLASS CException
+class AFX_CORE_CLASS CException : public CObject
 {
+    DECLARE_DYNAMIC(CException)
 public:
     explicit CException(BOOL bAutoDelete = TRUE);
     virtual ~CException();
 
     void Delete();
     virtual BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const;
+#ifdef _WIN32
+    // Tells the user in a message box: the exception's own message, else the string resource
+    // nMessageID, else "No error message is available.".
+    virtual int ReportError(UINT nType = MB_OK, UINT nMessageID = 0);
+#endif
 
 protected:
     BOOL m_bAutoDelete;
@@ -19,6 +25,7 @@ protected:
 
 class AFX_CORE_CLASS CMemoryException : public CException
 {
+    DECLARE_DYNAMIC(CMemoryException)
 public:
     explicit CMemoryException(BOOL bAutoDelete = TRUE) : CException(bAutoDelete) {}
     BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const override;
@@ -26,6 +33,7 @@ public:
 
 class AFX_CORE_CLASS CInvalidArgException : public CException
 {
+    DECLARE_DYNAMIC(CInvalidArgException)
 public:
     explicit CInvalidArgException(BOOL bAutoDelete = TRUE) : CException(bAutoDelete) {}
     BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const override;
@@ -34,6 +42,7 @@ public:
 // Thrown to abandon an operation after the user has been told why (a failed data exchange).
 class AFX_CORE_CLASS CUserException : public CException
 {
+    DECLARE_DYNAMIC(CUserException)
 public:
     explicit CUserException(BOOL bAutoDelete = TRUE) : CException(bAutoDelete) {}
 };

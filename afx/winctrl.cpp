@@ -1,0 +1,247 @@
+// The standard controls.
+#include "afxwin.h"
+
+#include <string.h>
+
+IMPLEMENT_DYNAMIC(CStatic, CWnd)
+IMPLEMENT_DYNAMIC(CButton, CWnd)
+IMPLEMENT_DYNAMIC(CEdit, CWnd)
+IMPLEMENT_DYNAMIC(CListBox, CWnd)
+IMPLEMENT_DYNAMIC(CComboBox, CWnd)
+IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
+
+namespace
+{
+// The text of a list-box or combo-box item. An owner-draw list without LBS_HASSTRINGS copies
+// the item data in place of the text, so the buffer has room for it whatever the length says.
+void GetItemString(const CWnd* pWnd, UINT nLenMsg, UINT nTextMsg, int nIndex, CString& rString)
+{
+    int nLen = (int)pWnd->SendMessage(nLenMsg, nIndex);
+    if (nLen < 0)
+    {
+        rString.Empty();
+        return;
+    }
+    LPTSTR lpsz = rString.GetBuffer(nLen + (int)sizeof(ULONG_PTR));
+    int nCopied = (int)pWnd->SendMessage(nTextMsg, nIndex, (LPARAM)lpsz);
+    rString.ReleaseBuffer(nCopied < 0 ? 0 : nCopied);
+}
+
+// The owner-draw messages a parent reflects to a list box or combo box.
+template <class TList>
+BOOL ReflectOwnerDraw(TList* pList, UINT message, LPARAM lParam, LRESULT* pResult)
+{
+    LRESULT lResult = TRUE;
+    switch (message)
+    {
+    case WM_DRAWITEM:
+        pList->DrawItem((LPDRAWITEMSTRUCT)lParam);
+        break;
+    case WM_MEASUREITEM:
+        pList->MeasureItem((LPMEASUREITEMSTRUCT)lParam);
+        break;
+    case WM_COMPAREITEM:
+        lResult = pList->CompareItem((LPCOMPAREITEMSTRUCT)lParam);
+        break;
+    case WM_DELETEITEM:
+        pList->DeleteItem((LPDELETEITEMSTRUCT)lParam);
+        break;
+    default:
+        return FALSE;
+    }
+    if (pResult != NULL)
+        *pResult = lResult;
+    return TRUE;
+}
+} // namespace
+
+BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+{
+    return CWnd::Create(_T("STATIC"), lpszText, dwStyle, rect, pParentWnd, nID);
+}
+
+BOOL CButton::Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+{
+    return CWnd::Create(_T("BUTTON"), lpszCaption, dwStyle, rect, pParentWnd, nID);
+}
+
+void CButton::DrawItem(LPDRAWITEMSTRUCT)
+{
+}
+
+BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    if (message != WM_DRAWITEM)
+        return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    DrawItem((LPDRAWITEMSTRUCT)lParam);
+    if (pResult != NULL)
+        *pResult = TRUE;
+    return TRUE;
+}
+
+BOOL CEdit::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+{
+    return CWnd::Create(_T("EDIT"), NULL, dwStyle, rect, pParentWnd, nID);
+}
+
+void CEdit::GetSel(int& nStartChar, int& nEndChar) const
+{
+    DWORD dwStart = 0, dwEnd = 0;
+    SendMessage(EM_GETSEL, (WPARAM)&dwStart, (LPARAM)&dwEnd);
+    nStartChar = (int)dwStart;
+    nEndChar = (int)dwEnd;
+}
+
+void CEdit::SetSel(DWORD dwSelection, BOOL bNoScroll)
+{
+    SetSel((int)LOWORD(dwSelection), (int)HIWORD(dwSelection), bNoScroll);
+}
+
+void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
+{
+    SendMessage(EM_SETSEL, nStartChar, nEndChar);
+    if (!bNoScroll)
+        SendMessage(EM_SCROLLCARET);
+}
+
+CPoint CEdit::PosFromChar(UINT nChar) const
+{
+    LRESULT lPos = SendMessage(EM_POSFROMCHAR, nChar);
+    return CPoint((short)LOWORD(lPos), (short)HIWORD(lPos));
+}
+
+int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const
+{
+    if (lpszBuffer == NULL || nMaxLength <= 0)
+        return 0;
+    // EM_GETLINE reads the buffer size from the buffer's first word, which a one-character
+    // buffer cannot hold: such a line goes through a buffer of our own.
+    TCHAR szShort[sizeof(WORD)];
+    LPTSTR lpszTarget = nMaxLength < (int)sizeof(WORD) ? szShort : lpszBuffer;
+    WORD wSize = (WORD)(nMaxLength < 0xFFFF ? nMaxLength : 0xFFFF);
+    memcpy(lpszTarget, &wSize, sizeof(wSize));
+    int nCopied = (int)SendMessage(EM_GETLINE, nIndex, (LPARAM)lpszTarget);
+    if (lpszTarget != lpszBuffer && nCopied > 0)
+        lpszBuffer[0] = szShort[0];
+    return nCopied;
+}
+
+BOOL CListBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+{
+    return CWnd::Create(_T("LISTBOX"), NULL, dwStyle, rect, pParentWnd, nID);
+}
+
+void CListBox::GetText(int nIndex, CString& rString) const
+{
+    GetItemString(this, LB_GETTEXTLEN, LB_GETTEXT, nIndex, rString);
+}
+
+int CListBox::SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem)
+{
+    if (nFirstItem > nLastItem)
+    {
+        int nSwap = nFirstItem;
+        nFirstItem = nLastItem;
+        nLastItem = nSwap;
+    }
+    if (bSelect)
+        return (int)SendMessage(LB_SELITEMRANGEEX, nFirstItem, nLastItem);
+    // LB_SELITEMRANGEEX deselects only with the range given backwards, which one item cannot be.
+    if (nFirstItem == nLastItem)
+        return SetSel(nFirstItem, FALSE);
+    return (int)SendMessage(LB_SELITEMRANGEEX, nLastItem, nFirstItem);
+}
+
+UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const
+{
+    DWORD dwResult = (DWORD)SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y));
+    bOutside = HIWORD(dwResult) != 0;
+    return LOWORD(dwResult);
+}
+
+void CListBox::DrawItem(LPDRAWITEMSTRUCT)
+{
+}
+
+void CListBox::MeasureItem(LPMEASUREITEMSTRUCT)
+{
+}
+
+int CListBox::CompareItem(LPCOMPAREITEMSTRUCT)
+{
+    return 0;
+}
+
+void CListBox::DeleteItem(LPDELETEITEMSTRUCT)
+{
+}
+
+BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    if (ReflectOwnerDraw(this, message, lParam, pResult))
+        return TRUE;
+    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+}
+
+BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+{
+    return CWnd::Create(_T("COMBOBOX"), NULL, dwStyle, rect, pParentWnd, nID);
+}
+
+void CComboBox::GetLBText(int nIndex, CString& rString) const
+{
+    GetItemString(this, CB_GETLBTEXTLEN, CB_GETLBTEXT, nIndex, rString);
+}
+
+void CComboBox::DrawItem(LPDRAWITEMSTRUCT)
+{
+}
+
+void CComboBox::MeasureItem(LPMEASUREITEMSTRUCT)
+{
+}
+
+int CComboBox::CompareItem(LPCOMPAREITEMSTRUCT)
+{
+    return 0;
+}
+
+void CComboBox::DeleteItem(LPDELETEITEMSTRUCT)
+{
+}
+
+BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
+{
+    if (ReflectOwnerDraw(this, message, lParam, pResult))
+        return TRUE;
+    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+}
+
+BOOL CScrollBar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
+{
+    return CWnd::Create(_T("SCROLLBAR"), NULL, dwStyle, rect, pParentWnd, nID);
+}
+
+BOOL CScrollBar::SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw)
+{
+    lpScrollInfo->cbSize = sizeof(SCROLLINFO);
+    ::SetScrollInfo(m_hWnd, SB_CTL, lpScrollInfo, bRedraw);
+    return TRUE;
+}
+
+BOOL CScrollBar::GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask)
+{
+    lpScrollInfo->cbSize = sizeof(SCROLLINFO);
+    lpScrollInfo->fMask = nMask;
+    return ::GetScrollInfo(m_hWnd, SB_CTL, lpScrollInfo);
+}
+
+int CScrollBar::GetScrollLimit()
+{
+    int nMin = 0, nMax = 0;
+    GetScrollRange(&nMin, &nMax);
+    SCROLLINFO info;
+    if (GetScrollInfo(&info, SIF_PAGE) && info.nPage > 1)
+        nMax -= (int)(info.nPage - 1);
+    return nMax;
+}

@@ -7,3 +7,9 @@
 #include "values/KelDate.h"
 #include "values/KelTime.h"
 #include "values/BoolSearch.h"
+
+#ifdef _WIN32
+#include "frame/KelControlsFrame.h"
+#include "frame/EventList.h"
+#include "values/SpanFloppies.h"
+#endif

@@ -22,6 +22,9 @@ mkdir -p "$WINEPREFIX"
     wineboot -i >/dev/null 2>&1 || true
     wineserver -w
   fi
+  # Drive A: is a folder of the prefix, for the diskette tests.
+  mkdir -p "$WINEPREFIX/drive_a"
+  [ -e "$WINEPREFIX/dosdevices/a:" ] || ln -s ../drive_a "$WINEPREFIX/dosdevices/a:"
 ) 9>"$WINEPREFIX.lock"
 [ "${1:-}" = "--init" ] && exit 0
 exec wine "$exe" "$@"

@@ -1,0 +1,11 @@
+// The process-wide "edit" override: every edit control created in the process gets a tooltip
+// that shows its whole text when the text does not fit.
+#pragma once
+
+#include <afxwin.h>
+
+// Registers the global class "edit" under the library's instance, over the system's.
+BOOL RegisterEditTipClass(HINSTANCE hInstance);
+LRESULT CALLBACK EditTipWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
+// Whether the edit's text fits: the test the tooltip applies before it shows.
+AFX_EXT_API BOOL EditTextFits(HWND hWndEdit);

@@ -1,0 +1,128 @@
+#include <KelControls.h>
+#include <frame/EditTip.h>
+#include <gtest/gtest.h>
+
+#include "Input.h"
+
+#include <string>
+
+namespace
+{
+struct CTipSearch
+{
+    HWND hWndEdit;
+    HWND hTip;
+};
+
+BOOL CALLBACK FindTipProc(HWND hWnd, LPARAM lParam)
+{
+    CTipSearch* pSearch = reinterpret_cast<CTipSearch*>(lParam);
+    char szClass[64];
+    ::GetClassNameA(hWnd, szClass, sizeof(szClass));
+    TOOLINFOA info = {};
+    info.cbSize = TTTOOLINFOA_V2_SIZE;
+    if (lstrcmpiA(szClass, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(hWnd, TTM_ENUMTOOLSA, 0, reinterpret_cast<LPARAM>(&info)) &&
+        info.hwnd == pSearch->hWndEdit)
+        pSearch->hTip = hWnd;
+    return pSearch->hTip == NULL;
+}
+
+// The tooltip that carries the edit as its tool.
+HWND FindTipOf(HWND hWndEdit)
+{
+    CTipSearch search = {hWndEdit, NULL};
+    ::EnumThreadWindows(::GetCurrentThreadId(), FindTipProc, reinterpret_cast<LPARAM>(&search));
+    return search.hTip;
+}
+
+class CEditTipTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_hParent = ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 800, 100, NULL, NULL, NULL, NULL);
+        m_hEdit = ::CreateWindowExA(0, "edit", "", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, 0, 0, 700, 24,
+                                    m_hParent, NULL, NULL, NULL);
+        ASSERT_NE(nullptr, m_hEdit);
+        m_hTip = FindTipOf(m_hEdit);
+    }
+    void TearDown() override { ::DestroyWindow(m_hParent); }
+
+    // What the tooltip would show, asked the way the tooltip asks.
+    std::string TipText()
+    {
+        NMTTDISPINFOA info = {};
+        info.hdr.hwndFrom = m_hTip;
+        info.hdr.code = TTN_GETDISPINFOA;
+        info.hinst = reinterpret_cast<HINSTANCE>(1);
+        ::SendMessageA(m_hEdit, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
+        EXPECT_EQ(nullptr, info.hinst);
+        return info.lpszText != NULL ? info.lpszText : "(null)";
+    }
+
+    void SetWidth(int cx) { ::SetWindowPos(m_hEdit, NULL, 0, 0, cx, 24, SWP_NOMOVE | SWP_NOZORDER); }
+
+    HWND m_hParent = NULL;
+    HWND m_hEdit = NULL;
+    HWND m_hTip = NULL;
+};
+} // namespace
+
+TEST_F(CEditTipTest, EveryEditOfTheProcessIsOverridden)
+{
+    EXPECT_EQ(reinterpret_cast<LONG_PTR>(CKelControlsModule::GetInstanceHandle()),
+              static_cast<LONG_PTR>(::GetClassLongPtrA(m_hEdit, GCLP_HMODULE)));
+    EXPECT_TRUE(::GetClassLongPtrA(m_hEdit, GCL_STYLE) & CS_GLOBALCLASS);
+    ASSERT_NE(nullptr, m_hTip);
+    EXPECT_EQ(static_cast<DWORD>(WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX), CInput::GetStyle(m_hTip) & 0x80000003);
+    // The edit still behaves as an edit.
+    CInput::TypeText(m_hEdit, "typed");
+    EXPECT_EQ("typed", CInput::GetText(m_hEdit));
+}
+
+TEST_F(CEditTipTest, EmptyAndShortTextsShowNoTip)
+{
+    EXPECT_EQ("", TipText());
+    ::SetWindowTextA(m_hEdit, "short");
+    EXPECT_EQ("", TipText());
+}
+
+TEST_F(CEditTipTest, TheFitTestHasATenPixelMargin)
+{
+    const char* pszText = "A text of some length for the margin";
+    ::SetWindowTextA(m_hEdit, pszText);
+    int nLength = static_cast<int>(strlen(pszText));
+    int xFirst = static_cast<short>(LOWORD(::SendMessageA(m_hEdit, EM_POSFROMCHAR, 0, 0)));
+    int xLast = static_cast<short>(LOWORD(::SendMessageA(m_hEdit, EM_POSFROMCHAR, nLength - 1, 0)));
+    int nSpan = xLast - xFirst;
+    ASSERT_GT(nSpan, 0);
+    SetWidth(nSpan + 11); // span + 10 is less than the width: it fits
+    ASSERT_EQ(nSpan, static_cast<short>(LOWORD(::SendMessageA(m_hEdit, EM_POSFROMCHAR, nLength - 1, 0))) - xFirst);
+    EXPECT_TRUE(EditTextFits(m_hEdit));
+    EXPECT_EQ("", TipText());
+    SetWidth(nSpan + 10); // one pixel less: the tip shows the whole text
+    EXPECT_FALSE(EditTextFits(m_hEdit));
+    EXPECT_EQ(pszText, TipText());
+}
+
+TEST_F(CEditTipTest, TextScrolledOutOnTheLeftAlwaysShowsTheTip)
+{
+    SetWidth(60);
+    std::string strText(200, 'w');
+    ::SetWindowTextA(m_hEdit, strText.c_str());
+    ::SendMessageA(m_hEdit, EM_SETSEL, 200, 200);
+    ::SendMessageA(m_hEdit, EM_SCROLLCARET, 0, 0);
+    EXPECT_FALSE(EditTextFits(m_hEdit));
+    EXPECT_EQ(strText, TipText());
+    // A text longer than the tip's 260-character buffer is shown cut to it.
+    std::string strLong(400, 'x');
+    ::SetWindowTextA(m_hEdit, strLong.c_str());
+    EXPECT_EQ(259u, TipText().size());
+}
+
+TEST_F(CEditTipTest, DestroyingTheEditDestroysItsTip)
+{
+    ASSERT_TRUE(::IsWindow(m_hTip));
+    ::DestroyWindow(m_hEdit);
+    EXPECT_FALSE(::IsWindow(m_hTip));
+}

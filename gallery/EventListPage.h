@@ -1,0 +1,31 @@
+// Page "Event list": two of KelControls' event lists side by side. Entries are dragged from
+// one list to the other (moved, or copied while Ctrl is held); the status line shows the entry
+// last dropped, as the receiving list reports it.
+#pragma once
+
+#include "GalleryPage.h"
+#include "ListingWnd.h"
+
+class CEventListPage : public CGalleryPage
+{
+    DECLARE_DYNCREATE(CEventListPage)
+public:
+    CEventListPage() {}
+
+protected:
+    void LayoutControls(int cx, int cy) override;
+    afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+    afx_msg void OnDroppedInCueList();
+    afx_msg void OnDroppedInRunningOrder();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void ShowDroppedEntry(LPCTSTR lpszListName);
+
+    CStatic m_wndIntro;
+    CStatic m_wndCueListTitle;
+    CStatic m_wndRunningOrderTitle;
+    CListingWnd m_wndCueList;
+    CListingWnd m_wndRunningOrder;
+    CStatic m_wndStatus;
+};

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Builds the gallery (KelGallery.exe, the win64 preset) and shows it under Wine: live on the
+# user's X display when there is one, otherwise on a virtual display, saving a PNG snapshot of
+# every page in build/gallery. Works as root or through sudo on a fresh Debian 12 machine.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+root=$(pwd)
+
+bash scripts/install-deps.sh
+source scripts/xdisplay.sh
+
+echo "=== building KelGallery (win64)"
+mkdir -p build
+cmake --preset win64 >build/win64.configure.log 2>&1 || { cat build/win64.configure.log; exit 1; }
+cmake --build --preset win64 --target KelGallery
+
+export KEL_WINEPREFIX="$root/build/win64/wineprefix"
+export WINEPREFIX="$KEL_WINEPREFIX"
+scripts/wine-run.sh --init
+
+# Through sudo, root may still reach the user's display with the user's X cookie.
+if [ -z "${XAUTHORITY:-}" ] && [ -n "${SUDO_USER:-}" ]; then
+  user_home=$(getent passwd "$SUDO_USER" | cut -d: -f6)
+  [ -f "$user_home/.Xauthority" ] && export XAUTHORITY="$user_home/.Xauthority"
+fi
+
+gallery=build/win64/bin/KelGallery.exe
+if [ -n "${DISPLAY:-}" ] && xdpyinfo >/dev/null 2>&1; then
+  echo "=== running the gallery on display $DISPLAY (close its window to end)"
+  exec scripts/wine-run.sh "$gallery"
+fi
+
+echo "=== no X display: saving snapshots of the gallery's pages on a virtual display"
+kel_start_xvfb || exit 1
+snapshots=build/gallery
+mkdir -p "$snapshots"
+rm -f "$snapshots"/*.png
+rc=0
+scripts/wine-run.sh "$gallery" --snapshot "$snapshots" || rc=$?
+wineserver -w 2>/dev/null || true # let Wine leave the display before it goes
+kel_stop_xvfb
+if [ "$rc" -ne 0 ]; then
+  echo "=== the gallery failed (exit code $rc)" >&2
+  exit "$rc"
+fi
+echo "=== snapshots of the gallery's pages are in $root/$snapshots/"

@@ -5,46 +5,42 @@
 
 #include <string.h>
 
-namespace
+// Construction and extraction clamp counts and positions that are out of range.
+TEST(CStringTest, NewStringsFromBoundaryArguments)
 {
-CString Repeat(const char* text, int n)
-{
-    CString s;
-    for (int i = 0; i < n; ++i)
-        s += text;
-    return s;
-}
-} // namespace
-
-TEST(CStringTest, ConstructionForms)
-{
-    EXPECT_STREQ("", (LPCTSTR)CString());
-    EXPECT_STREQ("", (LPCTSTR)CString((LPCTSTR)NULL));
-    EXPECT_STREQ("abc", (LPCTSTR)CString("abc"));
-    EXPECT_STREQ("ab", (LPCTSTR)CString("abcdef", 2));
-    EXPECT_STREQ("", (LPCTSTR)CString("abc", -1));
-    EXPECT_STREQ("xxx", (LPCTSTR)CString('x', 3));
-    EXPECT_STREQ("", (LPCTSTR)CString('x', 0));
-    EXPECT_EQ(3, CString("abc").GetLength());
-    EXPECT_TRUE(CString().IsEmpty());
+    const CString s("abcdef");
+    const struct
+    {
+        CString actual;
+        const char* expected;
+    } cases[] = {
+        {CString((LPCTSTR)NULL), ""}, {CString("abcdef", 2), "ab"}, {CString("abc", -1), ""},
+        {CString('x', 3), "xxx"}, {CString('x', 0), ""},
+        {s.Mid(2, 2), "cd"}, {s.Mid(-3, 2), "ab"}, {s.Mid(4, 99), "ef"}, {s.Mid(9), ""}, {s.Mid(1, -1), ""},
+        {s.Left(2), "ab"}, {s.Left(-1), ""}, {s.Left(99), "abcdef"},
+        {s.Right(2), "ef"}, {s.Right(-5), ""}, {s.Right(99), "abcdef"},
+        {s.SpanIncluding("cba"), "abc"}, {s.SpanIncluding("x"), ""},
+        {s.SpanExcluding("d"), "abc"}, {s.SpanExcluding("xyz"), "abcdef"},
+        {'1' + s + '2', "1abcdef2"}, {"<" + s + ">", "<abcdef>"},
+    };
+    for (size_t i = 0; i < sizeof(cases) / sizeof(cases[0]); ++i)
+    {
+        SCOPED_TRACE(i);
+        EXPECT_STREQ(cases[i].expected, (LPCTSTR)cases[i].actual);
+    }
 }
 
 TEST(CStringTest, CopiesAreIndependentAfterWrites)
 {
-    CString a("shared");
-    CString b(a);
-    CString c;
+    CString a("shared"), b(a), c, d(a);
     c = a;
     b.SetAt(0, 'S');
     c.MakeUpper();
-    EXPECT_STREQ("shared", (LPCTSTR)a);
-    EXPECT_STREQ("Shared", (LPCTSTR)b);
-    EXPECT_STREQ("SHARED", (LPCTSTR)c);
-
-    CString d(a);
     d.GetBuffer(0)[0] = 'X';
     d.ReleaseBuffer();
     EXPECT_STREQ("shared", (LPCTSTR)a);
+    EXPECT_STREQ("Shared", (LPCTSTR)b);
+    EXPECT_STREQ("SHARED", (LPCTSTR)c);
     EXPECT_STREQ("Xhared", (LPCTSTR)d);
 }
 
@@ -59,56 +55,28 @@ TEST(CStringTest, IndexingAndBounds)
     ExpectThrown<CException>([] { CString().SetAt(0, 'x'); });
 }
 
-TEST(CStringTest, AppendAndConcatenate)
+TEST(CStringTest, SourcesInsideTheStringItself)
 {
     CString s("ab");
     s += s;
     EXPECT_STREQ("abab", (LPCTSTR)s);
-    s += (LPCTSTR)s + 2; // source inside the string itself
+    s += (LPCTSTR)s + 2;
     EXPECT_STREQ("ababab", (LPCTSTR)s);
-    s = "x";
-    s += 'y';
-    s += CString("z");
-    EXPECT_STREQ("xyz", (LPCTSTR)s);
-    EXPECT_STREQ("1xyz2", (LPCTSTR)('1' + s + '2'));
-    EXPECT_STREQ("<xyz>", (LPCTSTR)("<" + s + ">"));
+    s = (LPCTSTR)s + 4;
+    EXPECT_STREQ("ab", (LPCTSTR)s);
+    s.Format("[%s]", (LPCTSTR)s);
+    EXPECT_STREQ("[ab]", (LPCTSTR)s);
     // Many appends grow geometrically and stay correct.
-    CString big = Repeat("0123456789", 10000);
+    CString big;
+    for (int i = 0; i < 10000; ++i)
+        big += "0123456789";
     EXPECT_EQ(100000, big.GetLength());
     EXPECT_EQ(99990, big.ReverseFind('0'));
 }
 
-TEST(CStringTest, AssignFromOwnBuffer)
-{
-    CString s("hello world");
-    s = (LPCTSTR)s + 6;
-    EXPECT_STREQ("world", (LPCTSTR)s);
-    s = 'q';
-    EXPECT_STREQ("q", (LPCTSTR)s);
-}
-
-TEST(CStringTest, ExtractionClampsItsArguments)
-{
-    const CString s("abcdef");
-    struct Case
-    {
-        CString actual;
-        const char* expected;
-    } cases[] = {
-        {s.Mid(2), "cdef"},  {s.Mid(2, 2), "cd"}, {s.Mid(-3, 2), "ab"}, {s.Mid(4, 99), "ef"},
-        {s.Mid(9), ""},      {s.Mid(1, -1), ""},  {s.Left(2), "ab"},    {s.Left(-1), ""},
-        {s.Left(99), "abcdef"}, {s.Right(2), "ef"}, {s.Right(-5), ""},  {s.Right(99), "abcdef"},
-        {s.SpanIncluding("cba"), "abc"}, {s.SpanIncluding("x"), ""}, {s.SpanExcluding("d"), "abc"},
-        {s.SpanExcluding("xyz"), "abcdef"},
-    };
-    for (const Case& c : cases)
-        EXPECT_STREQ(c.expected, (LPCTSTR)c.actual);
-}
-
-TEST(CStringTest, Searching)
+TEST(CStringTest, SearchingGivesMinusOneWhenNotFound)
 {
     const CString s("abcabc");
-    EXPECT_EQ(1, s.Find('b'));
     EXPECT_EQ(4, s.Find('b', 2));
     EXPECT_EQ(-1, s.Find('b', 6));
     EXPECT_EQ(-1, s.Find('z'));
@@ -125,12 +93,10 @@ TEST(CStringTest, EditingOperations)
 {
     CString s("a-b-c");
     EXPECT_EQ(2, s.Replace('-', '+'));
-    EXPECT_STREQ("a+b+c", (LPCTSTR)s);
     EXPECT_EQ(2, s.Replace("+", "--"));
-    EXPECT_STREQ("a--b--c", (LPCTSTR)s);
     EXPECT_EQ(0, s.Replace("", "x"));
+    EXPECT_STREQ("a--b--c", (LPCTSTR)s);
     EXPECT_EQ(2, s.Replace("--", NULL));
-    EXPECT_STREQ("abc", (LPCTSTR)s);
     EXPECT_EQ(1, s.Remove('b'));
     EXPECT_STREQ("ac", (LPCTSTR)s);
     EXPECT_EQ(3, s.Insert(1, 'b'));
@@ -141,8 +107,6 @@ TEST(CStringTest, EditingOperations)
     EXPECT_EQ(4, s.Delete(9, 2));
     EXPECT_EQ(2, s.Delete(2, 99));
     EXPECT_STREQ("bc", (LPCTSTR)s);
-    s.MakeReverse();
-    EXPECT_STREQ("cb", (LPCTSTR)s);
 }
 
 TEST(CStringTest, Trimming)
@@ -154,26 +118,17 @@ TEST(CStringTest, Trimming)
     EXPECT_STREQ("x y", (LPCTSTR)s);
     s = "--=x=--";
     s.TrimLeft('-');
-    EXPECT_STREQ("=x=--", (LPCTSTR)s);
     s.TrimRight("-=");
     EXPECT_STREQ("=x", (LPCTSTR)s);
 }
 
-TEST(CStringTest, ComparisonAndCase)
+TEST(CStringTest, Comparison)
 {
     CString s("Apple");
-    EXPECT_EQ(0, s.Compare("Apple"));
     EXPECT_LT(s.Compare("apple"), 0);
     EXPECT_EQ(0, s.CompareNoCase("aPPLE"));
     EXPECT_GT(s.CompareNoCase("APP"), 0);
-    EXPECT_TRUE(s == "Apple");
-    EXPECT_TRUE("Apple" == s);
-    EXPECT_TRUE(s != CString("apple"));
-    EXPECT_TRUE(s < "B");
-    EXPECT_TRUE(s >= "Apple");
     EXPECT_TRUE(CString("\xE9") > "z"); // characters compare unsigned
-    s.MakeLower();
-    EXPECT_STREQ("apple", (LPCTSTR)s);
 }
 
 TEST(CStringTest, FormatMatchesCPrintf)
@@ -182,12 +137,8 @@ TEST(CStringTest, FormatMatchesCPrintf)
     s.Format("%05d|%-3s|%c|%.3f|%e|%g|%hd|%lu", 42, "ab", 'z', 3.14159, 12345.678, 0.0001, (short)-2,
              4294967295UL);
     EXPECT_STREQ("00042|ab |z|3.142|1.234568e+04|0.0001|-2|4294967295", (LPCTSTR)s);
-    s = "self";
-    s.Format("[%s]", (LPCTSTR)s); // the argument is the string's own buffer
-    EXPECT_STREQ("[self]", (LPCTSTR)s);
-    CString big;
-    big.Format("%s", (LPCTSTR)Repeat("x", 5000));
-    EXPECT_EQ(5000, big.GetLength());
+    s.Format("%s", (LPCTSTR)CString('x', 5000));
+    EXPECT_EQ(5000, s.GetLength());
 }
 
 TEST(CStringTest, BufferProtocol)

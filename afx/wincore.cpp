@@ -200,20 +200,13 @@ void PASCAL CWnd::DeleteTempMap()
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
-    if (hWndNew == NULL || m_hWnd != NULL || FromHandlePermanent(hWndNew) != NULL)
-        return FALSE;
-    WndMap().SetPermanent(hWndNew, this);
-    m_hWnd = hWndNew;
-    return TRUE;
+    // One permanent object per window: its messages can reach only one.
+    return FromHandlePermanent(hWndNew) == NULL && WndMap().Attach(hWndNew, m_hWnd, this);
 }
 
 HWND CWnd::Detach()
 {
-    HWND hWnd = m_hWnd;
-    if (hWnd != NULL)
-        WndMap().RemoveHandle(hWnd, this);
-    m_hWnd = NULL;
-    return hWnd;
+    return WndMap().Detach(m_hWnd, this);
 }
 
 // ---------------------------------------------------------------------------------------------

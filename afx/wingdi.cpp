@@ -135,21 +135,13 @@ void PASCAL CGdiObject::DeleteTempMap()
 
 BOOL CGdiObject::Attach(HGDIOBJ hObject)
 {
-    if (hObject == NULL || m_hObject != NULL)
-        return FALSE;
     // Several objects may hold one stock object; the latest is the one FromHandle finds.
-    GdiObjectMap().SetPermanent(hObject, this);
-    m_hObject = hObject;
-    return TRUE;
+    return GdiObjectMap().Attach(hObject, m_hObject, this);
 }
 
 HGDIOBJ CGdiObject::Detach()
 {
-    HGDIOBJ hObject = m_hObject;
-    if (hObject != NULL)
-        GdiObjectMap().RemoveHandle(hObject, this);
-    m_hObject = NULL;
-    return hObject;
+    return GdiObjectMap().Detach(m_hObject, this);
 }
 
 BOOL CGdiObject::DeleteObject()
@@ -305,20 +297,16 @@ void PASCAL CDC::DeleteTempMap()
 
 BOOL CDC::Attach(HDC hDC)
 {
-    if (hDC == NULL || m_hDC != NULL)
+    if (!DCMap().Attach(hDC, m_hDC, this))
         return FALSE;
-    DCMap().SetPermanent(hDC, this);
-    m_hDC = m_hAttribDC = hDC;
+    m_hAttribDC = hDC;
     return TRUE;
 }
 
 HDC CDC::Detach()
 {
-    HDC hDC = m_hDC;
-    if (hDC != NULL)
-        DCMap().RemoveHandle(hDC, this);
-    m_hDC = m_hAttribDC = NULL;
-    return hDC;
+    m_hAttribDC = NULL;
+    return DCMap().Detach(m_hDC, this);
 }
 
 BOOL CDC::CreateDC(LPCTSTR lpszDriverName, LPCTSTR lpszDeviceName, LPCTSTR lpszOutput, const void* lpInitData)

@@ -42,20 +42,12 @@ void PASCAL CMenu::DeleteTempMap()
 
 BOOL CMenu::Attach(HMENU hMenu)
 {
-    if (hMenu == NULL || m_hMenu != NULL)
-        return FALSE;
-    MenuMap().SetPermanent(hMenu, this);
-    m_hMenu = hMenu;
-    return TRUE;
+    return MenuMap().Attach(hMenu, m_hMenu, this);
 }
 
 HMENU CMenu::Detach()
 {
-    HMENU hMenu = m_hMenu;
-    if (hMenu != NULL)
-        MenuMap().RemoveHandle(hMenu, this);
-    m_hMenu = NULL;
-    return hMenu;
+    return MenuMap().Detach(m_hMenu, this);
 }
 
 BOOL CMenu::CreateMenu()

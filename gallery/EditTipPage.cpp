@@ -103,9 +103,7 @@ int CEditTipPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 
 void CEditTipPage::LayoutControls(int cx, int cy)
 {
-    int y = MARGIN;
-    m_wndIntro.MoveWindow(MARGIN, y, cx - 2 * MARGIN, INTRO_LINES * LINE_HEIGHT);
-    y += INTRO_LINES * LINE_HEIGHT + 2 * GAP;
+    int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
     const int xEdit = MARGIN + CAPTION_WIDTH + GAP;
     for (int i = 0; i < EDIT_COUNT; ++i)
     {

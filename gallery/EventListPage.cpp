@@ -77,9 +77,7 @@ int CEventListPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 
 void CEventListPage::LayoutControls(int cx, int cy)
 {
-    int y = MARGIN;
-    m_wndIntro.MoveWindow(MARGIN, y, cx - 2 * MARGIN, INTRO_LINES * LINE_HEIGHT);
-    y += INTRO_LINES * LINE_HEIGHT + 2 * GAP;
+    int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
     const int xRight = MARGIN + LIST_WIDTH + 2 * MARGIN;
     m_wndCueListTitle.MoveWindow(MARGIN, y, LIST_WIDTH, LINE_HEIGHT);
     m_wndRunningOrderTitle.MoveWindow(xRight, y, LIST_WIDTH, LINE_HEIGHT);

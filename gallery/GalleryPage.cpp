@@ -45,3 +45,9 @@ void CGalleryPage::OnSize(UINT nType, int cx, int cy)
     CWnd::OnSize(nType, cx, cy);
     LayoutControls(cx, cy);
 }
+
+int CGalleryPage::PlaceIntro(CStatic& intro, int cx, int nLines)
+{
+    intro.MoveWindow(MARGIN, MARGIN, cx - 2 * MARGIN, nLines * LINE_HEIGHT);
+    return MARGIN + nLines * LINE_HEIGHT + 2 * GAP;
+}

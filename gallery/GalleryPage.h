@@ -25,6 +25,8 @@ protected:
     virtual void LayoutControls(int cx, int cy) = 0;
     // A static text in the page's font; the layout places it.
     BOOL CreateLabel(CStatic& label, LPCTSTR lpszText, DWORD dwStyle = SS_LEFT);
+    // Places a page's introduction of nLines lines at the top; returns where the rest begins.
+    int PlaceIntro(CStatic& intro, int cx, int nLines);
     // Gives a control created by the page the page's font.
     void UseFont(CWnd& wnd) { wnd.SetFont(m_pFont, FALSE); }
 

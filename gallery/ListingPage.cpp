@@ -63,9 +63,7 @@ int CListingPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 
 void CListingPage::LayoutControls(int cx, int cy)
 {
-    int y = MARGIN;
-    m_wndIntro.MoveWindow(MARGIN, y, cx - 2 * MARGIN, INTRO_LINES * LINE_HEIGHT);
-    y += INTRO_LINES * LINE_HEIGHT + 2 * GAP;
+    int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
     int nListingHeight = cy - y - GAP - LINE_HEIGHT - MARGIN;
     m_wndListing.MoveWindow(MARGIN, y, LISTING_WIDTH, nListingHeight > 0 ? nListingHeight : 0);
     m_wndSelection.MoveWindow(MARGIN, cy - MARGIN - LINE_HEIGHT, cx - 2 * MARGIN, LINE_HEIGHT);

@@ -67,9 +67,7 @@ int CTimeFieldPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 
 void CTimeFieldPage::LayoutControls(int cx, int cy)
 {
-    int y = MARGIN;
-    m_wndIntro.MoveWindow(MARGIN, y, cx - 2 * MARGIN, INTRO_LINES * LINE_HEIGHT);
-    y += INTRO_LINES * LINE_HEIGHT + 2 * GAP;
+    int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
     const int xField = MARGIN + CAPTION_WIDTH + GAP;
     m_wndTimeCaption.MoveWindow(MARGIN, y + (EDIT_HEIGHT - LINE_HEIGHT) / 2, CAPTION_WIDTH, LINE_HEIGHT);
     m_wndTime.MoveWindow(xField, y, FIELD_WIDTH, EDIT_HEIGHT);

@@ -303,6 +303,9 @@ protected:
     friend struct CWndHookAccess;
 };
 
+// A window's text, at most nMaxLen characters of it.
+AFX_CORE_API void AFXAPI AfxGetWindowText(HWND hWnd, CString& rString, int nMaxLen = 0x7FFFFFFF);
+
 // While a window exchanges data, the notifications of its controls are ignored; returns the
 // window locked out before.
 AFX_CORE_API HWND AFXAPI AfxSetLockoutNotifyWindow(HWND hWnd);

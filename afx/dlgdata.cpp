@@ -16,21 +16,12 @@ const char szParseUInt[] = "Please enter a positive integer.";
 const char szParseByte[] = "Please enter an integer between 0 and 255.";
 const char szParseReal[] = "Please enter a number.";
 
-void GetText(HWND hWnd, CString& rString, int nMaxLen = INT_MAX)
-{
-    int nLen = ::GetWindowTextLengthA(hWnd);
-    if (nLen > nMaxLen)
-        nLen = nMaxLen;
-    int nCopied = ::GetWindowTextA(hWnd, rString.GetBuffer(nLen), nLen + 1);
-    rString.ReleaseBuffer(nCopied);
-}
-
 // Loading leaves a control that already shows the text alone, so that it sends no change
 // notification and keeps its selection.
 void SetTextIfChanged(HWND hWnd, LPCTSTR lpszNew)
 {
     CString strOld;
-    GetText(hWnd, strOld);
+    AfxGetWindowText(hWnd, strOld);
     if (strOld != lpszNew)
         ::SetWindowTextA(hWnd, lpszNew);
 }
@@ -128,7 +119,7 @@ void ExchangeInteger(CDataExchange* pDX, int nIDC, LONGLONG& llValue, LONGLONG l
     if (pDX->m_bSaveAndValidate)
     {
         CString strText;
-        GetText(hWndCtrl, strText);
+        AfxGetWindowText(hWndCtrl, strText);
         if (!ParseInteger(strText, llMin, llMax, llValue))
             FailWithPrompt(pDX, lpszPrompt);
     }
@@ -156,7 +147,7 @@ void ExchangeReal(CDataExchange* pDX, int nIDC, double& dValue, int nDigits, dou
     if (pDX->m_bSaveAndValidate)
     {
         CString strText;
-        GetText(hWndCtrl, strText);
+        AfxGetWindowText(hWndCtrl, strText);
         if (!ParseReal(strText, dMax, dValue))
             FailWithPrompt(pDX, szParseReal);
     }
@@ -260,7 +251,7 @@ void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, CString& value)
 {
     HWND hWndCtrl = pDX->PrepareEditCtrl(nIDC);
     if (pDX->m_bSaveAndValidate)
-        GetText(hWndCtrl, value);
+        AfxGetWindowText(hWndCtrl, value);
     else
         SetTextIfChanged(hWndCtrl, value);
 }
@@ -332,7 +323,7 @@ void AFXAPI DDX_CBString(CDataExchange* pDX, int nIDC, CString& value)
         // A drop-down list answers with its selected item, of which MFC documents that it
         // gives 255 characters at most.
         BOOL bDropList = (::GetWindowLongA(hWndCtrl, GWL_STYLE) & 0x3) == CBS_DROPDOWNLIST;
-        GetText(hWndCtrl, value, bDropList ? 255 : INT_MAX);
+        AfxGetWindowText(hWndCtrl, value, bDropList ? 255 : INT_MAX);
     }
     else if (::SendMessageA(hWndCtrl, CB_SELECTSTRING, (WPARAM)-1, (LPARAM)(LPCTSTR)value) == CB_ERR)
     {

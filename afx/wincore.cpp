@@ -823,11 +823,18 @@ void CWnd::OnInitMenuPopup(CMenu*, UINT, BOOL) { Default(); }
 // ---------------------------------------------------------------------------------------------
 // CWnd: wrappers that need more than one call
 
+void AFXAPI AfxGetWindowText(HWND hWnd, CString& rString, int nMaxLen)
+{
+    int nLength = ::GetWindowTextLengthA(hWnd);
+    if (nLength > nMaxLen)
+        nLength = nMaxLen;
+    int nCopied = ::GetWindowTextA(hWnd, rString.GetBuffer(nLength), nLength + 1);
+    rString.ReleaseBuffer(nCopied);
+}
+
 void CWnd::GetWindowText(CString& rString) const
 {
-    int nLength = ::GetWindowTextLengthA(m_hWnd);
-    ::GetWindowTextA(m_hWnd, rString.GetBufferSetLength(nLength), nLength + 1);
-    rString.ReleaseBuffer();
+    AfxGetWindowText(m_hWnd, rString);
 }
 
 int CWnd::GetDlgItemText(int nID, CString& rString) const
@@ -835,11 +842,7 @@ int CWnd::GetDlgItemText(int nID, CString& rString) const
     rString.Empty();
     HWND hWnd = ::GetDlgItem(m_hWnd, nID);
     if (hWnd != NULL)
-    {
-        int nLength = ::GetWindowTextLengthA(hWnd);
-        ::GetWindowTextA(hWnd, rString.GetBufferSetLength(nLength), nLength + 1);
-        rString.ReleaseBuffer();
-    }
+        AfxGetWindowText(hWnd, rString);
     return rString.GetLength();
 }
 

@@ -33,8 +33,10 @@ int IndexFromPoint(HWND hWnd, int y)
 {
     int nCount = static_cast<int>(::SendMessageA(hWnd, LB_GETCOUNT, 0, 0));
     int nHeight = static_cast<int>(::SendMessageA(hWnd, LB_GETITEMHEIGHT, 0, 0));
-    if (nCount <= 0 || nHeight <= 0 || y < 0)
-        return nCount > 0 && y < 0 ? 0 : nCount;
+    if (y < 0)
+        return 0;
+    if (nCount <= 0 || nHeight <= 0)
+        return nCount;
     int nIndex = static_cast<int>(::SendMessageA(hWnd, LB_GETTOPINDEX, 0, 0)) + y / nHeight;
     return nIndex < nCount ? nIndex : nCount;
 }

@@ -1,8 +1,6 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
-#include <string.h>
-
 #include "ExpectThrow.h"
 
 namespace
@@ -31,82 +29,77 @@ class CFileTest : public ::testing::Test
 protected:
     void SetUp() override
     {
-        char szTemp[MAX_PATH];
-        ASSERT_NE(0u, ::GetTempPathA(MAX_PATH, szTemp));
-        m_strDir.Format("%skelafx_file_%lu\\", szTemp, static_cast<unsigned long>(::GetCurrentProcessId()));
+        m_strDir.Format("%skelafx_file_%lu\\", testing::TempDir().c_str(),
+                        static_cast<unsigned long>(::GetCurrentProcessId()));
         ::CreateDirectoryA(m_strDir, NULL);
     }
     void TearDown() override
     {
         WIN32_FIND_DATAA fd;
         HANDLE hFind = ::FindFirstFileA(m_strDir + "*", &fd);
-        if (hFind != INVALID_HANDLE_VALUE)
-        {
-            do
-                ::DeleteFileA(m_strDir + fd.cFileName);
-            while (::FindNextFileA(hFind, &fd));
-            ::FindClose(hFind);
-        }
+        for (BOOL bMore = hFind != INVALID_HANDLE_VALUE; bMore; bMore = ::FindNextFileA(hFind, &fd))
+            ::DeleteFileA(m_strDir + fd.cFileName);
+        ::FindClose(hFind);
         ::RemoveDirectoryA(m_strDir);
     }
 
     CString Path(LPCTSTR lpszName) const { return m_strDir + lpszName; }
-    void MakeFile(LPCTSTR lpszName, LPCTSTR lpszContents)
-    {
-        CFile file(Path(lpszName), CFile::modeCreate | CFile::modeWrite);
-        file.Write(lpszContents, static_cast<UINT>(strlen(lpszContents)));
-    }
 
     CString m_strDir;
 };
 } // namespace
 
-TEST_F(CFileTest, WritesReadsAndSeeks)
+TEST_F(CFileTest, ReadsSeeksAndClosesButAbortAndDestructionNeverThrow)
 {
-    CFile file(Path("data.bin"), CFile::modeCreate | CFile::modeReadWrite);
+    const CString strName = m_strDir + "none\\..\\data.bin"; // kept as given for the exceptions
+    CFile file(strName, CFile::modeCreate | CFile::modeReadWrite);
+    EXPECT_STREQ(Path("data.bin"), file.GetFilePath());
+    EXPECT_STREQ("data.bin", file.GetFileName());
     file.Write("0123456789", 10);
-    char buf[16] = {};
+    char buf[5];
     EXPECT_EQ(7u, file.Seek(-3, CFile::current));
     EXPECT_EQ(3u, file.Read(buf, 5)); // fewer at the end
-    EXPECT_STREQ("789", buf);
     EXPECT_EQ(20u, file.Seek(20, CFile::begin)); // past the end is allowed
     file.SetLength(4);
     EXPECT_EQ(4u, file.GetPosition()); // moved to the new end
-
-    ExpectFileException(CFileException::badSeek, ERROR_NEGATIVE_SEEK, Path("data.bin"),
-                        [&] { file.Seek(-1, CFile::begin); });
+    ExpectFileException(CFileException::badSeek, ERROR_NEGATIVE_SEEK, strName, [&] { file.Seek(-1, CFile::begin); });
     ExpectThrown<CInvalidArgException>([&] { file.Seek(0, 7); });
     ExpectThrown<CInvalidArgException>([&] { file.Read(NULL, 3); });
     ExpectThrown<CInvalidArgException>([&] { file.Write(NULL, 3); });
     EXPECT_EQ(0u, file.Read(NULL, 0)); // nothing to read or write
     file.Write(NULL, 0);
 
-    file.Close();
+    ::CloseHandle(file.m_hFile); // behind the object's back
+    ExpectFileException(CFileException::invalidFile, ERROR_INVALID_HANDLE, strName, [&] { file.Close(); });
     EXPECT_EQ(CFile::hFileNull, file.m_hFile);
     EXPECT_STREQ("", file.GetFilePath());
     file.Close(); // closing a closed file is nothing
+    ASSERT_TRUE(file.Open(strName, CFile::modeWrite));
+    ::CloseHandle(file.m_hFile);
+    file.Abort();
+    EXPECT_EQ(CFile::hFileNull, file.m_hFile);
+
+    // Destruction closes only the files the object opened.
+    EXPECT_EQ(4u, CFile(strName, CFile::modeWrite | CFile::shareExclusive).GetLength());
+    HANDLE hFile = ::CreateFileA(strName, GENERIC_WRITE, 0, NULL, OPEN_EXISTING, 0, NULL);
+    ASSERT_NE(INVALID_HANDLE_VALUE, hFile);
+    EXPECT_EQ(hFile, CFile(hFile).m_hFile); // a wrapper only
+    EXPECT_TRUE(::CloseHandle(hFile)); // still open
 }
 
 TEST_F(CFileTest, FailedOpensReportTheirCause)
 {
-    MakeFile("there.txt", "x");
+    CFile(Path("there.txt"), CFile::modeCreate | CFile::modeWrite).Close();
     // Flags without meaning, in the access and in the sharing bits, fail as invalid.
-    const struct
-    {
-        CString strName;
-        UINT nFlags;
-        int nCause;
-        LONG lOsError;
-    } cases[] = {
+    const struct { CString strName; UINT nFlags; int nCause; LONG lOsError; } cases[] = {
         {Path("missing.txt"), CFile::modeRead, CFileException::fileNotFound, ERROR_FILE_NOT_FOUND},
         {Path("there.txt"), 0x0003, CFileException::genericException, ERROR_INVALID_PARAMETER},
-        {Path("there.txt"), 0x0050, CFileException::genericException, ERROR_INVALID_PARAMETER},
-    };
+        {Path("there.txt"), 0x0050, CFileException::genericException, ERROR_INVALID_PARAMETER}};
+    CFile file;
+    CFileException error;
     for (const auto& c : cases)
     {
         SCOPED_TRACE(testing::Message() << static_cast<LPCTSTR>(c.strName) << ", flags " << c.nFlags);
-        CFile file;
-        CFileException error;
         EXPECT_FALSE(file.Open(c.strName, c.nFlags, &error));
         EXPECT_EQ(c.nCause, error.m_cause);
         EXPECT_EQ(c.lOsError, error.m_lOsError);
@@ -114,8 +107,6 @@ TEST_F(CFileTest, FailedOpensReportTheirCause)
         EXPECT_FALSE(file.Open(c.strName, c.nFlags)); // no record, no exception
         ExpectFileException(c.nCause, c.lOsError, c.strName, [&] { CFile opened(c.strName, c.nFlags); });
     }
-    CFile file;
-    CFileException error;
     EXPECT_FALSE(file.Open(NULL, CFile::modeRead, &error));
     EXPECT_EQ(CFileException::badPath, error.m_cause);
     ASSERT_TRUE(file.Open(Path("there.txt"), CFile::modeRead));
@@ -125,91 +116,45 @@ TEST_F(CFileTest, FailedOpensReportTheirCause)
 
 TEST_F(CFileTest, SharingAndCreationModes)
 {
-    CString strPath = Path("shared.bin");
-    MakeFile("shared.bin", "abc");
+    const CString strPath = Path("shared.bin");
+    CFile(strPath, CFile::modeCreate | CFile::modeWrite).Write("abc", 3);
     CFileException error;
     {
         CFile compat(strPath, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite | CFile::shareCompat);
         EXPECT_EQ(3u, compat.GetLength());
-        CFile second; // compatibility mode is taken as exclusive
-        EXPECT_FALSE(second.Open(strPath, CFile::modeRead | CFile::shareDenyNone, &error));
+        // Compatibility mode is taken as exclusive.
+        EXPECT_FALSE(CFile().Open(strPath, CFile::modeRead | CFile::shareDenyNone, &error));
         EXPECT_EQ(CFileException::sharingViolation, error.m_cause);
     }
-    {
-        CFile truncated(strPath, CFile::modeCreate | CFile::modeWrite);
-        EXPECT_EQ(0u, truncated.GetLength());
-    }
+    EXPECT_EQ(0u, CFile(strPath, CFile::modeCreate | CFile::modeWrite).GetLength()); // truncated
     CFile reader(strPath, CFile::modeRead | CFile::shareDenyWrite);
-    CFile otherReader;
-    EXPECT_TRUE(otherReader.Open(strPath, CFile::modeRead | CFile::shareDenyNone));
-    CFile writer;
-    EXPECT_FALSE(writer.Open(strPath, CFile::modeWrite | CFile::shareDenyNone, &error));
-    EXPECT_EQ(CFileException::sharingViolation, error.m_cause);
-}
-
-TEST_F(CFileTest, RelativeNamesGetFullPaths)
-{
-    char szCurrent[MAX_PATH];
-    ::GetCurrentDirectoryA(MAX_PATH, szCurrent);
-    ASSERT_TRUE(::SetCurrentDirectoryA(m_strDir));
-    CFile relative;
-    EXPECT_TRUE(relative.Open("relative.txt", CFile::modeCreate | CFile::modeWrite));
-    ::SetCurrentDirectoryA(szCurrent);
-    EXPECT_STREQ(Path("relative.txt"), relative.GetFilePath());
-    EXPECT_STREQ("relative.txt", relative.GetFileName());
-}
-
-TEST_F(CFileTest, ClosingFailuresThrowButAbortAndDestructionNeverDo)
-{
-    CFile file(Path("closed.bin"), CFile::modeCreate | CFile::modeWrite);
-    ::CloseHandle(file.m_hFile); // behind the object's back
-    ExpectFileException(CFileException::invalidFile, ERROR_INVALID_HANDLE, Path("closed.bin"), [&] { file.Close(); });
-    EXPECT_EQ(CFile::hFileNull, file.m_hFile);
-    ASSERT_TRUE(file.Open(Path("closed.bin"), CFile::modeWrite));
-    ::CloseHandle(file.m_hFile);
-    file.Abort();
-    EXPECT_EQ(CFile::hFileNull, file.m_hFile);
-
-    // Destruction closes only the files the object opened.
-    {
-        CFile exclusive(Path("closed.bin"), CFile::modeWrite | CFile::shareExclusive);
-    }
-    HANDLE hFile = ::CreateFileA(Path("closed.bin"), GENERIC_WRITE, 0, NULL, OPEN_EXISTING, 0, NULL);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hFile);
-    {
-        CFile wrapper(hFile);
-    }
-    DWORD dwWritten = 0;
-    EXPECT_TRUE(::WriteFile(hFile, "y", 1, &dwWritten, NULL)); // still open
-    ::CloseHandle(hFile);
+    EXPECT_TRUE(CFile().Open(strPath, CFile::modeRead | CFile::shareDenyNone));
+    EXPECT_FALSE(CFile().Open(strPath, CFile::modeWrite | CFile::shareDenyNone));
 }
 
 TEST_F(CFileTest, StatusRemoveAndRename)
 {
-    MakeFile("a.txt", "12345");
-    MakeFile("c.txt", "c");
+    const CString strA = Path("a.txt");
+    CFile(strA, CFile::modeCreate | CFile::modeWrite).Write("12345", 5);
+    CFile(Path("c.txt"), CFile::modeCreate | CFile::modeWrite).Close();
     CFileStatus status;
-    ASSERT_TRUE(CFile::GetStatus(Path("a.txt"), status));
+    ASSERT_TRUE(CFile::GetStatus(m_strDir + "none\\..\\a.txt", status));
     EXPECT_EQ(5u, status.m_size);
-    EXPECT_STREQ(Path("a.txt"), status.m_szFullName);
+    EXPECT_STREQ(strA, status.m_szFullName);
     EXPECT_GT(status.m_mtime, static_cast<time_t>(946684800)); // after 2000
     EXPECT_GT(status.m_ctime, static_cast<time_t>(0));
-    ASSERT_TRUE(CFile::GetStatus(m_strDir, status));
-    EXPECT_NE(0, status.m_attribute & CFile::directory);
     EXPECT_FALSE(CFile::GetStatus(Path("?.txt"), status)); // wildcards never match
     EXPECT_STREQ("", status.m_szFullName);
     EXPECT_FALSE(CFile::GetStatus(NULL, status));
 
-    CFile::Rename(Path("a.txt"), Path("b.txt"));
-    EXPECT_FALSE(CFile::GetStatus(Path("a.txt"), status));
-    ExpectFileException(CFileException::accessDenied, ERROR_ALREADY_EXISTS, Path("b.txt"),
-                        [&] { CFile::Rename(Path("b.txt"), Path("c.txt")); });
-    CFile::Remove(Path("b.txt"));
-    ExpectFileException(CFileException::fileNotFound, ERROR_FILE_NOT_FOUND, Path("b.txt"),
-                        [&] { CFile::Remove(Path("b.txt")); });
+    // The old name is the one a failed renaming names.
+    ExpectFileException(CFileException::accessDenied, ERROR_ALREADY_EXISTS, strA,
+                        [&] { CFile::Rename(strA, Path("c.txt")); });
+    CFile::Remove(strA);
+    ExpectFileException(CFileException::fileNotFound, ERROR_FILE_NOT_FOUND, strA, [&] { CFile::Remove(strA); });
 }
 
-TEST(CFileExceptionTest, SystemErrorsMapToCauses)
+TEST(CFileExceptionTest, SystemErrorsMapToCausesAndMessagesNameTheFile)
 {
     EXPECT_EQ(CFileException::none, CFileException::OsErrorToException(ERROR_SUCCESS));
     EXPECT_EQ(CFileException::diskFull, CFileException::OsErrorToException(ERROR_DISK_FULL));
@@ -217,10 +162,7 @@ TEST(CFileExceptionTest, SystemErrorsMapToCauses)
     // A failure the system gave no code for is still a failure.
     ExpectFileException(CFileException::genericException, 0, "", [] { CFileException::ThrowOsError(0); });
     EXPECT_EQ(-1, CFileException(CFileException::diskFull).m_lOsError); // not the system's
-}
 
-TEST(CFileExceptionTest, MessagesNameTheFile)
-{
     char szMessage[128];
     UINT nHelp = 99;
     CFileException notFound(CFileException::fileNotFound, ERROR_FILE_NOT_FOUND, "C:\\data\\report.dat");

@@ -11,18 +11,8 @@ namespace
 {
 typedef std::vector<std::string> CEvents;
 const UINT WM_TEST_VALUE = WM_USER + 5;
-const UINT WM_TEST_NESTED = WM_USER + 6;
 const UINT WM_TEST_THROW = WM_USER + 7;
 const UINT IDC_CHILD = 1001;
-
-const char* TestClass()
-{
-    static WNDCLASSA s_wc = {0, ::DefWindowProcA, 0, 0, ::GetModuleHandleA(NULL), NULL, NULL, NULL, NULL,
-                             "KelAfxTestWindow"};
-    static const ATOM s_atom = ::RegisterClassA(&s_wc); // once
-    (void)s_atom;
-    return s_wc.lpszClassName;
-}
 
 class CRecordingWnd : public CWnd
 {
@@ -31,16 +21,10 @@ public:
     int m_nCreateResult = 0;
     CException* m_pToThrow = NULL; // by WM_CREATE and WM_TEST_THROW
     int m_nPostNcDestroy = 0;
-    CPoint m_click;
-    UINT m_nClickFlags = 0;
     CEvents m_events;
 
-    BOOL CreateTopLevel()
-    {
-        return CreateEx(0, TestClass(), "test", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, NULL, NULL);
-    }
+    BOOL CreateTopLevel() { return CreateEx(0, "STATIC", "test", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, NULL, NULL); }
 
-protected:
     afx_msg BOOL OnNcCreate(LPCREATESTRUCT lpcs)
     {
         m_bAttachedAtNcCreate = CWnd::FromHandlePermanent(m_hWnd) == this;
@@ -54,21 +38,15 @@ protected:
     }
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point)
     {
-        m_click = point;
-        m_nClickFlags = nFlags;
+        m_events.push_back(std::to_string(point.x) + "," + std::to_string(point.y) + " " + std::to_string(nFlags));
     }
     afx_msg LRESULT OnTestValue(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam + lParam); }
     afx_msg LRESULT OnThrow(WPARAM, LPARAM) { throw m_pToThrow; }
     afx_msg LRESULT OnSetText(WPARAM, LPARAM)
     {
         // A nested message must not disturb what Default() passes on.
-        SendMessage(WM_TEST_NESTED, 1, 2);
+        m_events.push_back("nested " + std::to_string(SendMessage(WM_TEST_VALUE, 2, 3)));
         return Default();
-    }
-    afx_msg LRESULT OnNested(WPARAM, LPARAM)
-    {
-        m_events.push_back("nested");
-        return 0;
     }
     afx_msg void OnChildChange() { m_events.push_back("parent EN_CHANGE"); }
     afx_msg void OnChildDblClk(NMHDR* pNMHDR, LRESULT* pResult)
@@ -88,7 +66,6 @@ ON_WM_LBUTTONDOWN()
 ON_MESSAGE(WM_TEST_VALUE, OnTestValue)
 ON_MESSAGE(WM_TEST_THROW, OnThrow)
 ON_MESSAGE(WM_SETTEXT, OnSetText)
-ON_MESSAGE(WM_TEST_NESTED, OnNested)
 ON_EN_CHANGE(IDC_CHILD, OnChildChange)
 ON_NOTIFY(NM_DBLCLK, IDC_CHILD, OnChildDblClk)
 END_MESSAGE_MAP()
@@ -96,7 +73,6 @@ END_MESSAGE_MAP()
 // A derived map is searched before its base: it overrides one entry and inherits the rest.
 class CDerivedWnd : public CRecordingWnd
 {
-protected:
     afx_msg LRESULT OnTestValue(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam * lParam); }
     DECLARE_MESSAGE_MAP()
 };
@@ -112,7 +88,6 @@ public:
     int m_nPreSubclass = 0;
     CEvents* m_pEvents = NULL;
 
-protected:
     void PreSubclassWindow() override { ++m_nPreSubclass; }
     afx_msg BOOL OnReflectedChange()
     {
@@ -136,45 +111,36 @@ END_MESSAGE_MAP()
 class CSelfDeletingWnd : public CWnd
 {
 public:
-    explicit CSelfDeletingWnd(bool* pbDeleted) : m_pbDeleted(pbDeleted) {}
+    bool* m_pbDeleted = NULL;
     ~CSelfDeletingWnd() override { *m_pbDeleted = true; }
     void PostNcDestroy() override { delete this; }
-
-private:
-    bool* m_pbDeleted;
 };
 
 class CWindowTest : public ::testing::Test
 {
 protected:
     CWindowTest() { m_edit.m_pEvents = &m_parent.m_events; }
+    // The parent with its edit, not subclassed yet.
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_parent.CreateTopLevel());
+        m_hEdit = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 0, 0, 200, 24, m_parent.m_hWnd,
+                                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(IDC_CHILD)), NULL, NULL);
+    }
     void TearDown() override
     {
-        if (m_parent.m_hWnd != NULL)
-            m_parent.DestroyWindow();
+        m_parent.DestroyWindow();
         CWnd::DeleteTempMap();
     }
 
-    HWND CreateEdit()
-    {
-        return ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, 0, 0, 200, 24, m_parent.m_hWnd,
-                                 reinterpret_cast<HMENU>(static_cast<UINT_PTR>(IDC_CHILD)), ::GetModuleHandleA(NULL),
-                                 NULL);
-    }
-    void CreateParentAndEdit()
-    {
-        ASSERT_TRUE(m_parent.CreateTopLevel());
-        ASSERT_TRUE(m_edit.SubclassWindow(CreateEdit()));
-    }
-
     CRecordingWnd m_parent;
-    CReflectingEdit m_edit; // a child of m_parent, gone with it
+    CReflectingEdit m_edit; // for m_hEdit, a child of m_parent, gone with it
+    HWND m_hEdit = NULL;
 };
 } // namespace
 
-TEST_F(CWindowTest, CreateAttachesTheObjectBeforeNcCreate)
+TEST_F(CWindowTest, CreationAttachesBeforeNcCreateAndRefusedCreationCleansUp)
 {
-    ASSERT_TRUE(m_parent.CreateTopLevel());
     EXPECT_TRUE(m_parent.m_bAttachedAtNcCreate);
     EXPECT_EQ(&m_parent, CWnd::FromHandlePermanent(m_parent.m_hWnd));
     HWND hWnd = m_parent.m_hWnd;
@@ -182,54 +148,40 @@ TEST_F(CWindowTest, CreateAttachesTheObjectBeforeNcCreate)
     EXPECT_EQ(NULL, m_parent.m_hWnd);
     EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
     EXPECT_EQ(1, m_parent.m_nPostNcDestroy);
-}
 
-TEST_F(CWindowTest, RefusedCreationDetachesAndCleansUp)
-{
-    m_parent.m_nCreateResult = -1;
-    EXPECT_FALSE(m_parent.CreateTopLevel());
-    EXPECT_EQ(NULL, m_parent.m_hWnd);
-    EXPECT_EQ(1, m_parent.m_nPostNcDestroy);
-    CRecordingWnd noClass;
+    CRecordingWnd refusing, throwing, noClass;
+    refusing.m_nCreateResult = -1;
+    EXPECT_FALSE(refusing.CreateTopLevel());
+    EXPECT_EQ(NULL, refusing.m_hWnd);
+    EXPECT_EQ(1, refusing.m_nPostNcDestroy);
+    throwing.m_pToThrow = new CUserException;
+    EXPECT_FALSE(throwing.CreateTopLevel()); // an exception in WM_CREATE refuses the window
     EXPECT_FALSE(noClass.CreateEx(0, "NoSuchClass", "", WS_POPUP, 0, 0, 1, 1, NULL, NULL));
     EXPECT_EQ(1, noClass.m_nPostNcDestroy); // the hook never ran
-}
 
-TEST_F(CWindowTest, AnObjectMayDeleteItselfWhenItsWindowIsGone)
-{
+    // An object may delete itself when its window is gone.
     bool bDeleted = false;
-    CSelfDeletingWnd* pWnd = new CSelfDeletingWnd(&bDeleted);
-    ASSERT_TRUE(pWnd->CreateEx(0, TestClass(), "", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+    CSelfDeletingWnd* pWnd = new CSelfDeletingWnd;
+    pWnd->m_pbDeleted = &bDeleted;
+    ASSERT_TRUE(pWnd->CreateEx(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
     EXPECT_TRUE(pWnd->DestroyWindow());
     EXPECT_TRUE(bDeleted);
 }
 
-TEST_F(CWindowTest, HandlersReceiveDecodedArgumentsFromDerivedMapsFirst)
+TEST_F(CWindowTest, HandlersGetDecodedArgumentsFromDerivedMapsFirstAndDefaultPassesTheCurrentMessage)
 {
-    ASSERT_TRUE(m_parent.CreateTopLevel());
-    EXPECT_EQ(5, ::SendMessageA(m_parent.m_hWnd, WM_TEST_VALUE, 2, 3));
     CDerivedWnd derived;
     ASSERT_TRUE(derived.CreateTopLevel());
     EXPECT_EQ(6, ::SendMessageA(derived.m_hWnd, WM_TEST_VALUE, 2, 3));
-    ::SendMessageA(derived.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(-5, 7));
-    EXPECT_EQ(CPoint(-5, 7), derived.m_click); // coordinates are signed
-    EXPECT_EQ(static_cast<UINT>(MK_LBUTTON | MK_SHIFT), derived.m_nClickFlags);
-    derived.DestroyWindow();
-}
-
-TEST_F(CWindowTest, DefaultPassesTheCurrentMessageAfterNestedOnes)
-{
-    ASSERT_TRUE(m_parent.CreateTopLevel());
-    m_parent.SetWindowText("after nesting");
-    CString text;
-    m_parent.GetWindowText(text);
-    EXPECT_STREQ("after nesting", text);
-    ASSERT_EQ(1u, m_parent.m_events.size());
+    ::SendMessageA(derived.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(-5, 7)); // signed coordinates
+    derived.SetWindowText("after nesting");
+    EXPECT_EQ("after nesting", CInput::GetText(derived.m_hWnd));
+    EXPECT_EQ((CEvents{"-5,7 5", "nested 6"}), derived.m_events);
 }
 
 TEST_F(CWindowTest, TemporaryAndPermanentObjects)
 {
-    HWND hWnd = ::CreateWindowExA(0, TestClass(), "", WS_POPUP, 0, 0, 10, 10, NULL, NULL, NULL, NULL);
+    HWND hWnd = ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, NULL, NULL, NULL, NULL);
     CWnd* pTemp = CWnd::FromHandle(hWnd);
     ASSERT_NE(nullptr, pTemp);
     EXPECT_EQ(pTemp, CWnd::FromHandle(hWnd));
@@ -243,44 +195,36 @@ TEST_F(CWindowTest, TemporaryAndPermanentObjects)
     ::DestroyWindow(hWnd);
 }
 
-TEST_F(CWindowTest, SubclassedEditKeepsItsOwnBehaviour)
+TEST_F(CWindowTest, SubclassedEditTakesWhatIsReflectedAndKeepsItsOwnBehaviour)
 {
-    ASSERT_TRUE(m_parent.CreateTopLevel());
-    HWND hEdit = CreateEdit();
-    LONG_PTR pfnOriginal = ::GetWindowLongPtrA(hEdit, GWLP_WNDPROC);
+    LONG_PTR pfnOriginal = ::GetWindowLongPtrA(m_hEdit, GWLP_WNDPROC);
     ASSERT_TRUE(m_edit.SubclassDlgItem(IDC_CHILD, &m_parent));
     EXPECT_EQ(1, m_edit.m_nPreSubclass);
-    CInput::TypeText(hEdit, "ab");
-    EXPECT_EQ(hEdit, m_edit.UnsubclassWindow());
-    EXPECT_EQ(pfnOriginal, ::GetWindowLongPtrA(hEdit, GWLP_WNDPROC));
-    CInput::TypeText(hEdit, "c"); // no object to reflect to: the parent hears it
-    EXPECT_EQ("abc", CInput::GetText(hEdit));
-    EXPECT_EQ((CEvents{"child EN_CHANGE", "child EN_CHANGE", "parent EN_CHANGE"}), m_parent.m_events);
-}
-
-TEST_F(CWindowTest, NotificationsAndColoursAreReflectedOrRouted)
-{
-    ASSERT_NO_FATAL_FAILURE(CreateParentAndEdit());
-    NMHDR hdr = {m_edit.m_hWnd, IDC_CHILD, static_cast<UINT>(NM_CLICK)};
+    NMHDR hdr = {m_hEdit, IDC_CHILD, static_cast<UINT>(NM_CLICK)};
     EXPECT_EQ(42, ::SendMessageA(m_parent.m_hWnd, WM_NOTIFY, IDC_CHILD, reinterpret_cast<LPARAM>(&hdr)));
     hdr.code = static_cast<UINT>(NM_DBLCLK);
     EXPECT_EQ(7, ::SendMessageA(m_parent.m_hWnd, WM_NOTIFY, IDC_CHILD, reinterpret_cast<LPARAM>(&hdr)));
-    EXPECT_EQ(CEvents{"parent NM_DBLCLK 1001"}, m_parent.m_events);
-
-    HDC hdc = ::GetDC(m_edit.m_hWnd);
-    WPARAM wDC = reinterpret_cast<WPARAM>(hdc);
-    LPARAM lEdit = reinterpret_cast<LPARAM>(m_edit.m_hWnd);
+    WPARAM wDC = reinterpret_cast<WPARAM>(::GetDC(m_hEdit));
+    LPARAM lEdit = reinterpret_cast<LPARAM>(m_hEdit);
     EXPECT_EQ(reinterpret_cast<LRESULT>(::GetStockObject(GRAY_BRUSH)),
               ::SendMessageA(m_parent.m_hWnd, WM_CTLCOLOREDIT, wDC, lEdit));
     // No brush from the child: the parent's own default answers.
     EXPECT_EQ(::DefWindowProcA(m_parent.m_hWnd, WM_CTLCOLORSTATIC, wDC, lEdit),
               ::SendMessageA(m_parent.m_hWnd, WM_CTLCOLORSTATIC, wDC, lEdit));
-    ::ReleaseDC(m_edit.m_hWnd, hdc);
+    ::ReleaseDC(m_hEdit, reinterpret_cast<HDC>(wDC));
+
+    CInput::TypeText(m_hEdit, "ab");
+    EXPECT_EQ(m_hEdit, m_edit.UnsubclassWindow());
+    EXPECT_EQ(pfnOriginal, ::GetWindowLongPtrA(m_hEdit, GWLP_WNDPROC));
+    CInput::TypeText(m_hEdit, "c"); // no object to reflect to: the parent hears it
+    EXPECT_EQ("abc", CInput::GetText(m_hEdit));
+    EXPECT_EQ((CEvents{"parent NM_DBLCLK 1001", "child EN_CHANGE", "child EN_CHANGE", "parent EN_CHANGE"}),
+              m_parent.m_events);
 }
 
 TEST_F(CWindowTest, NotificationsAreIgnoredWhileTheParentIsLockedOut)
 {
-    ASSERT_NO_FATAL_FAILURE(CreateParentAndEdit());
+    ASSERT_TRUE(m_edit.SubclassWindow(m_hEdit));
     m_edit.m_bPassOn = TRUE;
     HWND hWndOld = AfxSetLockoutNotifyWindow(m_parent.m_hWnd);
     CInput::TypeText(m_edit.m_hWnd, "x");
@@ -294,19 +238,13 @@ TEST_F(CWindowTest, ExceptionsStopAtTheWindowProcedure)
 {
     CImportRecorder& recorder = CImportRecorder::Get();
     recorder.Install(::GetModuleHandleA("KelAfx.dll"));
-    ASSERT_TRUE(m_parent.CreateTopLevel());
-    m_parent.m_pToThrow = new CUserException;
+    m_parent.m_pToThrow = new CUserException; // the user was told already: no box
     EXPECT_EQ(0, ::SendMessageA(m_parent.m_hWnd, WM_TEST_THROW, 0, 0));
-    EXPECT_TRUE(recorder.GetRecords().m_messageBoxes.empty()); // the user was told already
     m_parent.m_pToThrow = new CInvalidArgException;
     ::SendMessageA(m_parent.m_hWnd, WM_TEST_THROW, 0, 0);
     ASSERT_EQ(1u, recorder.GetRecords().m_messageBoxes.size());
     EXPECT_EQ("Invalid argument.", recorder.GetRecords().m_messageBoxes[0].m_strText);
     EXPECT_EQ(static_cast<UINT>(MB_ICONSTOP), recorder.GetRecords().m_messageBoxes[0].m_uType);
-
-    CRecordingWnd failing;
-    failing.m_pToThrow = new CUserException;
-    EXPECT_FALSE(failing.CreateTopLevel()); // an exception in WM_CREATE refuses the window
     recorder.Uninstall();
 }
 

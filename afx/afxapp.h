@@ -3,7 +3,7 @@
 // CDynLinkLibrary objects that resource and string loading walk.
 #pragma once
 
-#include "afxwnd.h"
+#include <afxwnd.h>
 
 class AFX_CORE_CLASS CWinThread : public CCmdTarget
 {

@@ -4,7 +4,7 @@
 // object gets a temporary one from FromHandle, deleted by AfxDeleteTempMaps at idle time.
 #pragma once
 
-#include "afxgdi.h"
+#include <afxgdi.h>
 
 class AFX_CORE_CLASS CImageList : public CObject
 {

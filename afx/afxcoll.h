@@ -1,8 +1,8 @@
 // The typed arrays of MFC's collection header, over the CArray template.
 #pragma once
 
-#include "afxstr.h"
-#include "afxtempl.h"
+#include <afxstr.h>
+#include <afxtempl.h>
 
 class CStringArray : public CArray<CString, const CString&>
 {

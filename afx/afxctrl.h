@@ -5,7 +5,7 @@
 // as calls of their virtual DrawItem, MeasureItem, CompareItem and DeleteItem.
 #pragma once
 
-#include "afxwnd.h"
+#include <afxwnd.h>
 
 class AFX_CORE_CLASS CStatic : public CWnd
 {

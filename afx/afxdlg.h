@@ -2,7 +2,7 @@
 // or from a template in memory), CDataExchange and the DDX_/DDV_ functions.
 #pragma once
 
-#include "afxwnd.h"
+#include <afxwnd.h>
 
 // Flags of CWnd::RunModalLoop.
 #define MLF_NOIDLEMSG 0x0001  // no WM_ENTERIDLE to the parent

@@ -1,7 +1,7 @@
 // The common dialogs: CCommonDialog and the modeless find and replace dialog, as in MFC.
 #pragma once
 
-#include "afxwin.h"
+#include <afxwin.h>
 
 #include <commdlg.h>
 

@@ -1,4 +1,4 @@
-#include "afxexcept.h"
+#include <afxexcept.h>
 
 #include <string.h>
 

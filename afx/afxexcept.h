@@ -2,7 +2,7 @@
 // catcher calls Delete(); the memory exception is a preallocated object that Delete() keeps.
 #pragma once
 
-#include "afxobject.h"
+#include <afxobject.h>
 
 class AFX_CORE_CLASS CException : public CObject
 {

@@ -6,9 +6,9 @@
 
 #include <time.h>
 
-#include "afxplatform.h"
-#include "afxexcept.h"
-#include "afxstr.h"
+#include <afxplatform.h>
+#include <afxexcept.h>
+#include <afxstr.h>
 
 class AFX_CORE_CLASS CFileException : public CException
 {

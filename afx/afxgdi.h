@@ -7,7 +7,7 @@
 // setting an attribute sets it in both when they differ.
 #pragma once
 
-#include "afxwnd.h"
+#include <afxwnd.h>
 
 class CGdiObject;
 class CPen;

@@ -1,4 +1,4 @@
-#include "afxhandle.h"
+#include <afxhandle.h>
 
 CObject* CAfxHandleMap::FromHandle(void* h)
 {

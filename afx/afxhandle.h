@@ -4,7 +4,7 @@
 
 #include <unordered_map>
 
-#include "afxobject.h"
+#include <afxobject.h>
 
 // Lets the handle getters run through a null pointer, as MFC allows (pFont->GetSafeHandle()):
 // the empty asm keeps the compiler from assuming that this is never null.

@@ -2,7 +2,7 @@
 // one from FromHandle (GetSubMenu, CWnd::GetMenu), deleted by AfxDeleteTempMaps at idle time.
 #pragma once
 
-#include "afxgdi.h"
+#include <afxgdi.h>
 
 class AFX_CORE_CLASS CMenu : public CObject
 {

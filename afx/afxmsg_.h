@@ -5,7 +5,7 @@
 
 #include <string.h>
 
-#include "afxplatform.h"
+#include <afxplatform.h>
 
 class CCmdTarget;
 class CWnd;

@@ -1,4 +1,4 @@
-#include "afxobject.h"
+#include <afxobject.h>
 
 #include <string.h>
 

@@ -2,7 +2,7 @@
 // DECLARE_DYNCREATE, IMPLEMENT_DYNCREATE, RUNTIME_CLASS, IsKindOf), as in MFC.
 #pragma once
 
-#include "afxplatform.h"
+#include <afxplatform.h>
 
 class CObject;
 

@@ -1,4 +1,4 @@
-#include "afxstr.h"
+#include <afxstr.h>
 
 #include <limits.h>
 #include <locale.h>

@@ -5,7 +5,7 @@
 
 #include <stdarg.h>
 
-#include "afxexcept.h"
+#include <afxexcept.h>
 
 struct CStringData;
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "afxexcept.h"
+#include <afxexcept.h>
 
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray

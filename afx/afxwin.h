@@ -3,10 +3,10 @@
 // the standard controls, dialogs and dialog data exchange.
 #pragma once
 
-#include "afx.h"
-#include "afxwnd.h"
-#include "afxapp.h"
-#include "afxgdi.h"
-#include "afxmenu.h"
-#include "afxctrl.h"
-#include "afxdlg.h"
+#include <afx.h>
+#include <afxwnd.h>
+#include <afxapp.h>
+#include <afxgdi.h>
+#include <afxmenu.h>
+#include <afxctrl.h>
+#include <afxdlg.h>

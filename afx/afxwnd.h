@@ -9,10 +9,10 @@
 #undef GetNextWindow
 #undef SubclassWindow
 
-#include "afx.h"
-#include "afxhandle.h"
-#include "afxmsg_.h"
-#include "atltypes.h"
+#include <afx.h>
+#include <afxhandle.h>
+#include <afxmsg_.h>
+#include <atltypes.h>
 
 class CDC;
 class CMenu;

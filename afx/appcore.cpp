@@ -1,6 +1,6 @@
-#include "afxwin.h"
-#include "afxcmn.h"
-#include "afxres.h"
+#include <afxwin.h>
+#include <afxcmn.h>
+#include <afxres.h>
 
 #include <string.h>
 

@@ -1,4 +1,4 @@
-#include "atltypes.h"
+#include <atltypes.h>
 
 namespace
 {

@@ -4,7 +4,7 @@
 // rectangle when nothing is left.
 #pragma once
 
-#include "afxplatform.h"
+#include <afxplatform.h>
 
 class CSize;
 class CRect;

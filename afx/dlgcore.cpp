@@ -1,5 +1,5 @@
 // CDialog and the modal loop of CWnd.
-#include "afxwin.h"
+#include <afxwin.h>
 
 #include <string.h>
 

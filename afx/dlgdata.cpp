@@ -1,6 +1,6 @@
 // Dialog data exchange: CDataExchange, CWnd::UpdateData and the DDX_/DDV_ functions.
-#include "afxwin.h"
-#include "afxres.h"
+#include <afxwin.h>
+#include <afxres.h>
 
 #include <float.h>
 #include <limits.h>

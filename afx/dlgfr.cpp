@@ -1,5 +1,5 @@
 // The common dialog base and the find and replace dialog.
-#include "afxdlgs.h"
+#include <afxdlgs.h>
 
 #include <string.h>
 

@@ -1,4 +1,4 @@
-#include "afx.h"
+#include <afx.h>
 
 #include <limits.h>
 #include <string.h>

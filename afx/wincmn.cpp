@@ -1,5 +1,5 @@
-#include "afxwin.h"
-#include "afxcmn.h"
+#include <afxwin.h>
+#include <afxcmn.h>
 
 #include <limits.h>
 #include <string.h>

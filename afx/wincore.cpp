@@ -1,5 +1,5 @@
-#include "afxwin.h"
-#include "afxres.h"
+#include <afxwin.h>
+#include <afxres.h>
 
 
 namespace

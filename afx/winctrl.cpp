@@ -1,5 +1,5 @@
 // The standard controls.
-#include "afxwin.h"
+#include <afxwin.h>
 
 #include <string.h>
 

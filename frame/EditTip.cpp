@@ -1,5 +1,5 @@
-#include "EditTip.h"
-#include "KelControlsFrame.h"
+#include "frame/EditTip.h"
+#include "frame/KelControlsFrame.h"
 
 #include <string.h>
 

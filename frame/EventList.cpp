@@ -1,9 +1,9 @@
-#include "EventList.h"
+#include "frame/EventList.h"
 
 #include <stdlib.h>
 #include <string.h>
 
-#include "KelControlsFrame.h"
+#include "frame/KelControlsFrame.h"
 
 namespace
 {

@@ -1,10 +1,10 @@
-#include "KelControlsFrame.h"
+#include "frame/KelControlsFrame.h"
 
 #include <stdlib.h>
 #include <string.h>
 
-#include "EditTip.h"
-#include "EventList.h"
+#include "frame/EditTip.h"
+#include "frame/EventList.h"
 
 namespace
 {

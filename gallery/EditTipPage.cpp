@@ -1,4 +1,4 @@
-#include "EditTipPage.h"
+#include "gallery/EditTipPage.h"
 
 #include <string.h>
 

@@ -2,7 +2,7 @@
 // whole text when the text does not fit. The page's edits are plain "edit" controls.
 #pragma once
 
-#include "GalleryPage.h"
+#include "gallery/GalleryPage.h"
 
 class CEditTipPage : public CGalleryPage
 {

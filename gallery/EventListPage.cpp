@@ -1,4 +1,4 @@
-#include "EventListPage.h"
+#include "gallery/EventListPage.h"
 
 #include "frame/EventList.h"
 

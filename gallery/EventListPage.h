@@ -3,8 +3,8 @@
 // last dropped, as the receiving list reports it.
 #pragma once
 
-#include "GalleryPage.h"
-#include "ListingWnd.h"
+#include "gallery/GalleryPage.h"
+#include "gallery/ListingWnd.h"
 
 class CEventListPage : public CGalleryPage
 {

@@ -1,10 +1,10 @@
-#include "GalleryApp.h"
+#include "gallery/GalleryApp.h"
 
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 
-#include "GalleryWnd.h"
+#include "gallery/GalleryWnd.h"
 #include "frame/KelControlsFrame.h"
 
 namespace

@@ -1,6 +1,6 @@
-#include "GalleryPage.h"
+#include "gallery/GalleryPage.h"
 
-#include "GalleryApp.h"
+#include "gallery/GalleryApp.h"
 
 namespace
 {

@@ -1,17 +1,17 @@
-#include "GalleryWnd.h"
+#include "gallery/GalleryWnd.h"
 
 #include <stdio.h>
 #include <stdlib.h>
 
 #include <vector>
 
-#include "EditTipPage.h"
-#include "EventListPage.h"
-#include "GalleryApp.h"
-#include "ListingPage.h"
-#include "PngWriter.h"
-#include "TimeFieldPage.h"
-#include "TransportPage.h"
+#include "gallery/EditTipPage.h"
+#include "gallery/EventListPage.h"
+#include "gallery/GalleryApp.h"
+#include "gallery/ListingPage.h"
+#include "gallery/PngWriter.h"
+#include "gallery/TimeFieldPage.h"
+#include "gallery/TransportPage.h"
 
 namespace
 {

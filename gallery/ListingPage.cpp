@@ -1,4 +1,4 @@
-#include "ListingPage.h"
+#include "gallery/ListingPage.h"
 
 namespace
 {

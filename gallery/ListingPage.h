@@ -2,8 +2,8 @@
 // with many entries in their own colours; the line below follows the selection.
 #pragma once
 
-#include "GalleryPage.h"
-#include "ListingWnd.h"
+#include "gallery/GalleryPage.h"
+#include "gallery/ListingWnd.h"
 
 class CListingPage : public CGalleryPage
 {

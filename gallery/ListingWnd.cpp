@@ -1,6 +1,6 @@
-#include "ListingWnd.h"
+#include "gallery/ListingWnd.h"
 
-#include "GalleryApp.h"
+#include "gallery/GalleryApp.h"
 #include "frame/EventList.h"
 #include "frame/KelControlsFrame.h"
 #include "kelutil/KEL_Util.h"

@@ -1,4 +1,4 @@
-#include "PngWriter.h"
+#include "gallery/PngWriter.h"
 
 #include <stdio.h>
 

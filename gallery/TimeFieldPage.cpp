@@ -1,4 +1,4 @@
-#include "TimeFieldPage.h"
+#include "gallery/TimeFieldPage.h"
 
 #include "kelutil/KEL_Util.h"
 

@@ -3,7 +3,7 @@
 // below shows their values read back from the windows.
 #pragma once
 
-#include "GalleryPage.h"
+#include "gallery/GalleryPage.h"
 
 class CTimeFieldPage : public CGalleryPage
 {

@@ -1,4 +1,4 @@
-#include "TransportButton.h"
+#include "gallery/TransportButton.h"
 
 #include <string.h>
 

@@ -1,4 +1,4 @@
-#include "TransportPage.h"
+#include "gallery/TransportPage.h"
 
 #include "kelutil/KEL_Util.h"
 

@@ -2,8 +2,8 @@
 // face and the five transport glyphs, and a row that shows the item states.
 #pragma once
 
-#include "GalleryPage.h"
-#include "TransportButton.h"
+#include "gallery/GalleryPage.h"
+#include "gallery/TransportButton.h"
 
 class CTransportPage : public CGalleryPage
 {

@@ -1,5 +1,5 @@
 // Button faces for owner-drawn buttons: the text, or a media-transport glyph.
-#include "KelUtilPrivate.h"
+#include "kelutil/KelUtilPrivate.h"
 
 namespace
 {

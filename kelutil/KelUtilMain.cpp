@@ -1,5 +1,5 @@
 // Start-up of KEL_Util and the screen metrics.
-#include "KelUtilPrivate.h"
+#include "kelutil/KelUtilPrivate.h"
 
 HINSTANCE g_hKelUtilInstance = NULL;
 

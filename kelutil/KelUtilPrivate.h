@@ -1,7 +1,7 @@
 // Helpers shared by the sources of KEL_Util; not part of its interface.
 #pragma once
 
-#include "KEL_Util.h"
+#include "kelutil/KEL_Util.h"
 
 // The library's module handle, set at process attach.
 extern HINSTANCE g_hKelUtilInstance;

@@ -4,7 +4,7 @@
 // every message and never kept between messages, because an extension may replace the block with
 // a copy of its own; after a call that lets the parent run (a notification, a focus change) the
 // handlers fetch it again or stop.
-#include "KelUtilPrivate.h"
+#include "kelutil/KelUtilPrivate.h"
 
 #include <string.h>
 

@@ -1,5 +1,5 @@
 // Yes/no values in profile (INI) files.
-#include "KelUtilPrivate.h"
+#include "kelutil/KelUtilPrivate.h"
 
 static const char* const s_aszTrue[] = {"1", "yes", "true", "on"};
 static const char* const s_aszFalse[] = {"0", "no", "false", "off"};

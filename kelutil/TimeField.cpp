@@ -2,7 +2,7 @@
 //
 // The whole state is in window words, so the fields need no memory of their own. The value is
 // kept in milliseconds for both classes; "TimeClass" only ever holds whole seconds.
-#include "KelUtilPrivate.h"
+#include "kelutil/KelUtilPrivate.h"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "BoolSearch.h"
+#include "values/BoolSearch.h"
 
 #include <string.h>
 

@@ -1,4 +1,4 @@
-#include "DoubleValue.h"
+#include "values/DoubleValue.h"
 
 #include <float.h>
 #include <math.h>

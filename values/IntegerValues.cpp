@@ -1,8 +1,8 @@
-#include "IntegerValues.h"
+#include "values/IntegerValues.h"
 
 #include <string.h>
 
-#include "StringEx.h"
+#include "values/StringEx.h"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "KelDate.h"
+#include "values/KelDate.h"
 
 #include <limits.h>
 #include <math.h>

@@ -1,4 +1,4 @@
-#include "KelTime.h"
+#include "values/KelTime.h"
 
 #include <math.h>
 #ifndef _WIN32

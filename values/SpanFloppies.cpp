@@ -1,4 +1,4 @@
-#include "SpanFloppies.h"
+#include "values/SpanFloppies.h"
 
 #include <afxcoll.h>
 #include <afxwin.h>

@@ -1,10 +1,10 @@
-#include "StringEx.h"
+#include "values/StringEx.h"
 
 #include <stdarg.h>
 #include <string.h>
 
-#include "DoubleValue.h"
-#include "IntegerValues.h"
+#include "values/DoubleValue.h"
+#include "values/IntegerValues.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
-#include "ImportRecorder.h"
-#include "Input.h"
+#include "tests/harness/ImportRecorder.h"
+#include "tests/harness/Input.h"
 
 namespace
 {

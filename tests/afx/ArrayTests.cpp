@@ -2,7 +2,7 @@
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
-#include "ExpectThrow.h"
+#include "tests/afx/ExpectThrow.h"
 
 namespace
 {

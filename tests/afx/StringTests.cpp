@@ -1,7 +1,7 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
-#include "ExpectThrow.h"
+#include "tests/afx/ExpectThrow.h"
 
 #include <string.h>
 

@@ -1,8 +1,8 @@
-#include <KelControls.h>
-#include <frame/EditTip.h>
+#include "KelControls.h"
+#include "frame/EditTip.h"
 #include <gtest/gtest.h>
 
-#include "Input.h"
+#include "tests/harness/Input.h"
 
 #include <string>
 

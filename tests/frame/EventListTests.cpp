@@ -1,9 +1,9 @@
-#include <KelControls.h>
+#include "KelControls.h"
 #include <gtest/gtest.h>
 
-#include "ChildRun.h"
-#include "Input.h"
-#include "NotifyRecorder.h"
+#include "tests/harness/ChildRun.h"
+#include "tests/harness/Input.h"
+#include "tests/harness/NotifyRecorder.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
-#include <KelControls.h>
+#include "KelControls.h"
 #include <gtest/gtest.h>
 
-#include "ImportRecorder.h"
+#include "tests/harness/ImportRecorder.h"
 
 #include <stdlib.h>
 #include <string>

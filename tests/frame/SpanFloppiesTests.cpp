@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "ImportRecorder.h"
-#include "SpanFloppies.h"
+#include "tests/harness/ImportRecorder.h"
+#include "values/SpanFloppies.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 // CBoolSearch: any expression and text never crash. For an accepted expression E the answer
 // for a text is stable, "NOT (E)" gives the opposite answer and "(E) OR (E)" the same one.
-#include <BoolSearch.h>
+#include "values/BoolSearch.h"
 
 #include <stddef.h>
 #include <stdint.h>

@@ -7,7 +7,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "KelDate.h"
+#include "values/KelDate.h"
 
 namespace
 {

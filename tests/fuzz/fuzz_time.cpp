@@ -1,7 +1,7 @@
 // CKelTime: reading any text in any style never crashes; a refused text leaves the value
 // alone; every formatted text is a fixed point (it reads back to a value that formats to the
 // same text); and a two-digit timecode with a frame below the rate comes back byte for byte.
-#include <KelTime.h>
+#include "values/KelTime.h"
 
 #include <stddef.h>
 #include <stdint.h>

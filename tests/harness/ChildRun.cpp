@@ -1,4 +1,4 @@
-#include "ChildRun.h"
+#include "tests/harness/ChildRun.h"
 
 #include <gtest/gtest.h>
 #include <stdio.h>

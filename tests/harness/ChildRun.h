@@ -24,7 +24,7 @@
 // out of time and a second Run in one test are reported as failures of the calling test.
 #pragma once
 
-#include "ImportRecorder.h"
+#include "tests/harness/ImportRecorder.h"
 
 #include <functional>
 #include <string>

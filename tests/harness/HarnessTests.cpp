@@ -1,7 +1,7 @@
-#include "ChildRun.h"
-#include "ImportRecorder.h"
-#include "Input.h"
-#include "NotifyRecorder.h"
+#include "tests/harness/ChildRun.h"
+#include "tests/harness/ImportRecorder.h"
+#include "tests/harness/Input.h"
+#include "tests/harness/NotifyRecorder.h"
 
 #include <commctrl.h>
 #include <gtest/gtest-spi.h>

@@ -1,4 +1,4 @@
-#include "ImportRecorder.h"
+#include "tests/harness/ImportRecorder.h"
 
 #include <stdio.h>
 #include <string.h>

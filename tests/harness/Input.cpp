@@ -1,4 +1,4 @@
-#include "Input.h"
+#include "tests/harness/Input.h"
 
 #include <string.h>
 

@@ -1,4 +1,4 @@
-#include "NotifyRecorder.h"
+#include "tests/harness/NotifyRecorder.h"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "Render.h"
+#include "tests/harness/Render.h"
 
 #include <stdio.h>
 

@@ -2,7 +2,7 @@
 // profile values.
 #include <gtest/gtest.h>
 
-#include <kelutil/KEL_Util.h>
+#include "kelutil/KEL_Util.h"
 
 #include <string.h>
 #include <algorithm>

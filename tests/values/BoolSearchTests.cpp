@@ -1,4 +1,4 @@
-#include <BoolSearch.h>
+#include "values/BoolSearch.h"
 #include <gtest/gtest.h>
 
 namespace

@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include "KelDate.h"
+#include "values/KelDate.h"
 
 #include <limits.h>
 #include <math.h>

@@ -1,4 +1,4 @@
-#include <KelTime.h>
+#include "values/KelTime.h"
 #include <gtest/gtest.h>
 
 #include <math.h>

@@ -3,7 +3,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "frame/EditTip.h"
+#include "frame/EditTipClass.h"
 #include "frame/EventList.h"
 
 namespace

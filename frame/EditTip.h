@@ -1,5 +1,5 @@
 // The tooltip that the library gives every edit control of the process: what a host may ask
-// of it. The library installs it when loaded.
+// of it. The library installs it when loaded and removes it when unloaded.
 #pragma once
 
 #include <afxwin.h>

@@ -7,6 +7,7 @@
 
 namespace
 {
+WNDCLASSEXA s_standardEdit; // the system's class that the override replaced; cbSize 0 while none
 WNDPROC s_pfnStandardEdit = NULL;
 int s_nTipOffset = 0; // the system edit's extra bytes; the tooltip handle follows them
 char s_szTipText[260];
@@ -91,11 +92,34 @@ BOOL RegisterEditTipClass(HINSTANCE hInstance)
         return FALSE;
     s_pfnStandardEdit = wc.lpfnWndProc;
     s_nTipOffset = wc.cbWndExtra;
+    // Where the system's "edit" is itself a global class of the process (as under Wine), no
+    // second one can be registered: the override takes its place instead of standing before it.
     ::UnregisterClassA("edit", hInstance);
+    WNDCLASSEXA standard = wc;
     wc.lpfnWndProc = EditTipWndProc;
     wc.cbWndExtra += sizeof(HWND);
     wc.style |= CS_GLOBALCLASS;
     wc.hInstance = hInstance;
     wc.lpszClassName = "edit";
-    return ::RegisterClassExA(&wc) != 0;
+    if (!::RegisterClassExA(&wc))
+        return FALSE;
+    s_standardEdit = standard;
+    return TRUE;
+}
+
+BOOL UnregisterEditTipClass(HINSTANCE hInstance)
+{
+    if (s_standardEdit.cbSize == 0 || !::UnregisterClassA("edit", hInstance))
+        return FALSE;
+    WNDCLASSEXA wc;
+    memset(&wc, 0, sizeof(wc));
+    wc.cbSize = sizeof(wc);
+    if (::GetClassInfoExA(NULL, "edit", &wc))
+        return TRUE; // the system's class stood behind the override all along
+    // The override had taken the system's place: put the system's class back, under the
+    // program's instance, which outlives this library.
+    s_standardEdit.style |= CS_GLOBALCLASS;
+    s_standardEdit.hInstance = ::GetModuleHandleA(NULL);
+    s_standardEdit.lpszClassName = "edit";
+    return ::RegisterClassExA(&s_standardEdit) != 0;
 }

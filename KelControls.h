@@ -10,6 +10,7 @@
 
 #ifdef _WIN32
 #include "frame/KelControlsFrame.h"
+#include "frame/EditTip.h"
 #include "frame/EventList.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -1,11 +1,8 @@
-// The process-wide "edit" override: every edit control created in the process gets a tooltip
-// that shows its whole text when the text does not fit.
+// The tooltip that the library gives every edit control of the process: what a host may ask
+// of it. The library installs it when loaded and removes it when unloaded.
 #pragma once
 
 #include <afxwin.h>
 
-// Registers the global class "edit" under the library's instance, over the system's.
-BOOL RegisterEditTipClass(HINSTANCE hInstance);
-LRESULT CALLBACK EditTipWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
 // Whether the edit's text fits: the test the tooltip applies before it shows.
 AFX_EXT_API BOOL EditTextFits(HWND hWndEdit);

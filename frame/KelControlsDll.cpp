@@ -3,7 +3,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "frame/EditTip.h"
+#include "frame/EditTipClass.h"
 #include "frame/EventList.h"
 
 namespace
@@ -57,7 +57,7 @@ HCURSOR CKelControlsModule::GetAltDragCursor()
     return s_hAltDragCursor;
 }
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE hInstance, DWORD dwReason, LPVOID)
+extern "C" BOOL WINAPI DllMain(HINSTANCE hInstance, DWORD dwReason, LPVOID lpReserved)
 {
     if (dwReason == DLL_PROCESS_ATTACH)
     {
@@ -65,6 +65,16 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE hInstance, DWORD dwReason, LPVOID)
         s_nPlatformId = QueryPlatformId();
         s_pOwnLink = new CDynLinkLibrary(s_extensionModule);
         RegisterEditTipClass(hInstance);
+    }
+    else if (dwReason == DLL_PROCESS_DETACH && lpReserved == NULL)
+    {
+        // Freed while the process runs on: windows created later must not find a procedure of
+        // this library, nor the resource chain a link to it. Ending the module deletes every
+        // link to it, the hosts' included.
+        UnregisterEditTipClass(hInstance);
+        ::UnregisterClassA(EVENT_LIST_CLASS, hInstance);
+        AfxTermExtensionModule(s_extensionModule);
+        s_pOwnLink = NULL;
     }
     else if (dwReason == DLL_PROCESS_DETACH && s_pOwnLink != NULL)
     {

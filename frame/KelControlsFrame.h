@@ -3,7 +3,10 @@
 //
 // Every function here has C linkage. The library attaches itself when loaded: it joins the
 // host's resource chain and registers a process-wide "edit" class that gives every edit
-// control a tooltip with its full text when the text does not fit.
+// control a tooltip with its full text when the text does not fit. A host that frees the
+// library again (FreeLibrary) gets the system's edit back and loses the event-list class and
+// every link to the library; it destroys the edits and event lists it created meanwhile
+// first, as for any window whose procedure lives in a library.
 #pragma once
 
 #include <afxwin.h>
@@ -25,7 +28,8 @@ extern "C" {
 // Warns a debug caller, stores the two drag cursors and registers "EVENT_LST_WND_CLASS";
 // nonzero when the class is (or already was) registered.
 AFX_EXT_API int InitKelControlsInterface(DWORD dwUnused, const KelControlsInit* pInit);
-// A new link to the library's resources for a host module's own chain; the caller owns it.
+// A new link to the library's resources for a host module's own chain. The caller owns it
+// while the library is loaded; freeing the library deletes it with the library's own link.
 AFX_EXT_API CDynLinkLibrary* LinkNewDynLinkLibraryToKelControls(int nDebug);
 // The string in one shared 1024-character buffer, valid until the next call; empty when the
 // resource does not exist.

@@ -22,6 +22,13 @@ int ShowMessage(LPCTSTR lpszText, UINT nType = MB_OK | MB_ICONEXCLAMATION)
     return ::MessageBoxA(AfxGetMainWnd()->GetSafeHwnd(), lpszText, AfxGetAppName(), nType);
 }
 
+// Whether the name stays a file of the directory it is put in: no drive, no folders, and not
+// a name of dots and blanks, which the system trims to nothing or takes for a parent folder.
+bool IsPlainFileName(const CString& strName)
+{
+    return strName.FindOneOf("\\/:") < 0 && strName.SpanIncluding(". ").GetLength() < strName.GetLength();
+}
+
 // Copies up to nCount bytes, fewer when the source ends first. In blocks, so that a segment
 // sized to a large free space is never held in memory whole.
 void CopyBytes(CFile& source, CFile& target, ULONGLONG nCount)
@@ -167,9 +174,9 @@ int CSpanFloppies::CreateSingleFile()
         nSegments = nSegments > (INT_MAX - nDigit) / 10 ? INT_MAX : nSegments * 10 + nDigit;
     }
 
-    CString strOutput = m_strTargetDir + strHeader.Mid(2);
+    CString strName = strHeader.Mid(2);
     CFile output;
-    if (!output.Open(strOutput, CREATE_EXCLUSIVE))
+    if (!IsPlainFileName(strName) || !output.Open(m_strTargetDir + strName, CREATE_EXCLUSIVE))
     {
         // Nothing to write the series into: the join ends here.
         ShowMessage("Operation Failed");

@@ -35,7 +35,8 @@ public:
     // 1 when the segments were written; 0 when it did not start or failed.
     int SpanFile(const char* path);
     // 1 when the join ran; 0 otherwise. The result is written to the target directory under
-    // the name in the header; the other segments are looked for beside the first.
+    // the name in the header; the other segments are looked for beside the first. A name that
+    // would lead elsewhere (a drive, a folder, or dots alone) cannot be created there.
     int JoinSegments(const char* firstSegment);
 
 private:

@@ -2,39 +2,13 @@
 #include "frame/EditTip.h"
 #include <gtest/gtest.h>
 
+#include "tests/frame/EditTipProbe.h"
 #include "tests/harness/Input.h"
 
 #include <string>
 
 namespace
 {
-struct CTipSearch
-{
-    HWND hWndEdit;
-    HWND hTip;
-};
-
-BOOL CALLBACK FindTipProc(HWND hWnd, LPARAM lParam)
-{
-    CTipSearch* pSearch = reinterpret_cast<CTipSearch*>(lParam);
-    char szClass[64];
-    ::GetClassNameA(hWnd, szClass, sizeof(szClass));
-    TOOLINFOA info = {};
-    info.cbSize = TTTOOLINFOA_V2_SIZE;
-    if (lstrcmpiA(szClass, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(hWnd, TTM_ENUMTOOLSA, 0, reinterpret_cast<LPARAM>(&info)) &&
-        info.hwnd == pSearch->hWndEdit)
-        pSearch->hTip = hWnd;
-    return pSearch->hTip == NULL;
-}
-
-// The tooltip that carries the edit as its tool.
-HWND FindTipOf(HWND hWndEdit)
-{
-    CTipSearch search = {hWndEdit, NULL};
-    ::EnumThreadWindows(::GetCurrentThreadId(), FindTipProc, reinterpret_cast<LPARAM>(&search));
-    return search.hTip;
-}
-
 class CEditTipTest : public ::testing::Test
 {
 protected:
@@ -44,21 +18,11 @@ protected:
         m_hEdit = ::CreateWindowExA(0, "edit", "", WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, 0, 0, 700, 24,
                                     m_hParent, NULL, NULL, NULL);
         ASSERT_NE(nullptr, m_hEdit);
-        m_hTip = FindTipOf(m_hEdit);
+        m_hTip = CEditTipProbe::FindTip(m_hEdit);
     }
     void TearDown() override { ::DestroyWindow(m_hParent); }
 
-    // What the tooltip would show, asked the way the tooltip asks.
-    std::string TipText()
-    {
-        NMTTDISPINFOA info = {};
-        info.hdr.hwndFrom = m_hTip;
-        info.hdr.code = TTN_GETDISPINFOA;
-        info.hinst = reinterpret_cast<HINSTANCE>(1);
-        ::SendMessageA(m_hEdit, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
-        EXPECT_EQ(nullptr, info.hinst);
-        return info.lpszText != NULL ? info.lpszText : "(null)";
-    }
+    std::string TipText() { return CEditTipProbe::AskText(m_hEdit); }
 
     void SetWidth(int cx) { ::SetWindowPos(m_hEdit, NULL, 0, 0, cx, 24, SWP_NOMOVE | SWP_NOZORDER); }
 

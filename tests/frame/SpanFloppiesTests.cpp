@@ -244,6 +244,27 @@ TEST_F(CSpanFloppiesTest, JoinTakesTheCountAndTheNameFromTheHeader)
     }
 }
 
+TEST_F(CSpanFloppiesTest, AHeaderNameThatLeavesTheTargetFailsAsAnUncreatableOutput)
+{
+    // Written to OUT_DIR, every one of these names would land in WORK_DIR, on C:\ or nowhere.
+    const char* names[] = {"..\\..\\ESCAPE.DAT", "..\\ESCAPE.DAT", "../ESCAPE.DAT", "SUB/../../ESCAPE.DAT",
+                           "C:\\ESCAPE.DAT", "C:ESCAPE.DAT", "\\ESCAPE.DAT", ".", "..", "...", ".. "};
+    for (const char* pszName : names)
+    {
+        SCOPED_TRACE(pszName);
+        Clean();
+        // Two segments: a join that went on would ask for the second.
+        Write(WORK_DIR + "E.SP0", std::string("02") + pszName + "\nescaped");
+        EXPECT_EQ(0, CSpanFloppies(OUT_DIR.c_str()).JoinSegments((WORK_DIR + "E.SP0").c_str()));
+        EXPECT_EQ(CTexts({"Operation Failed"}), Boxes());
+        EXPECT_EQ(2u, List(WORK_DIR).size()); // E.SP0 and OUT
+        EXPECT_EQ(CTexts(), List(OUT_DIR));
+        EXPECT_EQ(MISSING, Read(WORK_DIR + "ESCAPE.DAT"));
+        EXPECT_EQ(MISSING, Read("C:\\ESCAPE.DAT"));
+        DeleteFileA("C:\\ESCAPE.DAT");
+    }
+}
+
 TEST_F(CSpanFloppiesTest, BoxesBelongToTheMainWindowAndCarryTheApplicationsName)
 {
     CWinApp app("SpanHost");

@@ -25,6 +25,7 @@ stage() { # name, command...
     summary+=("$name: FAILED")
     failed=1
     failed_stages=$((failed_stages + 1))
+    return 1
   fi
 }
 

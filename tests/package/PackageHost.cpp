@@ -6,6 +6,7 @@
 #include <stdio.h>
 
 #include "KelControls.h"
+#include "frame/EditTip.h"
 #include "kelutil/KEL_Util.h"
 
 class CPackageHostApp : public CWinApp
@@ -22,16 +23,12 @@ CPackageHostApp theApp;
 
 namespace
 {
-void Type(CWnd& wnd, const char* pszText)
-{
-    for (const char* p = pszText; *p != '\0'; ++p)
-        wnd.SendMessage(WM_CHAR, static_cast<BYTE>(*p), 1);
-}
-
+// Types the text over the edit's whole content, as a user would, and answers what it holds.
 CString Retype(CEdit& edit, const char* pszText)
 {
     edit.SetSel(0, -1);
-    Type(edit, pszText);
+    for (const char* p = pszText; *p != '\0'; ++p)
+        edit.SendMessage(WM_CHAR, static_cast<BYTE>(*p), 1);
     CString text;
     edit.GetWindowText(text);
     return text;
@@ -52,6 +49,10 @@ const char* FirstFailure()
     HINSTANCE hClassModule = reinterpret_cast<HINSTANCE>(::GetClassLongPtr(edit.m_hWnd, GCLP_HMODULE));
     if (hClassModule == NULL || hClassModule != CKelControlsModule::GetInstanceHandle())
         return "the edit is not the library's";
+    // The tooltip's test of the library judges the host's edit.
+    Retype(edit, "a text far longer than an edit of this width can show at once, by far");
+    if (EditTextFits(edit.m_hWnd))
+        return "an overflowing text was said to fit";
 
     CKelDate date(0);
     CString message;
@@ -64,6 +65,8 @@ const char* FirstFailure()
         return "a number past the range of CLong was taken";
     if (!CLong::ValidateAndGet(Retype(edit, "-42"), nValue, &message) || nValue != -42)
         return "the typed number did not read back as -42";
+    if (!EditTextFits(edit.m_hWnd))
+        return "a short text was said not to fit";
     return NULL;
 }
 } // namespace
@@ -74,7 +77,7 @@ BOOL CPackageHostApp::InitInstance()
     if (pszFailure != NULL)
         fprintf(stderr, "failed: %s\n", pszFailure);
     else
-        printf("passed: the library loaded, its edit took typed text, a date and numbers read back\n");
+        printf("passed: the library loaded; its edit measured typed text and gave back a date and numbers\n");
     m_nExitCode = pszFailure != NULL ? 1 : 0;
     // Nothing to run: the checks are the program.
     return FALSE;

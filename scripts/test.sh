@@ -63,8 +63,12 @@ run_package_host() {
       KEL_WINEPREFIX="$root/build/win64/wineprefix" scripts/wine-run.sh "$build/KelPackageHost.exe"
   } >"$log" 2>&1
   rc=$?
-  if [ "$rc" -eq 0 ]; then tail -n 1 "$log"; else cat "$log"; fi
-  summary+=("package host (win64 SDK, Wine): $(tail -n 1 "$log")")
+  if [ "$rc" -eq 0 ]; then
+    tail -n 1 "$log"
+    summary+=("package host (win64 SDK, Wine): $(tail -n 1 "$log")")
+  else
+    cat "$log"
+  fi
   return "$rc"
 }
 
@@ -95,7 +99,7 @@ stage "win32 build" build win32 && stage "win32 SDK" install_sdk win32
 if kel_start_xvfb; then
   if stage "win64 build" build win64; then
     stage "win64 tests (Wine)" run_ctest win64
-    stage "win64 SDK" install_sdk win64 && stage "package host" run_package_host
+    stage "win64 SDK" install_sdk win64 && stage "package host (win64 SDK, Wine)" run_package_host
   fi
   kel_stop_xvfb
 else

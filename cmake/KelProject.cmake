@@ -12,12 +12,17 @@ if(KEL_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+include(GNUInstallDirs)
+
 if(WIN32)
   set(CMAKE_SHARED_LIBRARY_PREFIX "")
   set(CMAKE_IMPORT_LIBRARY_PREFIX "")
-  # C99 printf family on MinGW, so "%f", "%e" and "%g" give the same digits as on Linux.
-  add_compile_definitions(__USE_MINGW_ANSI_STDIO=1 _AFXDLL WINVER=0x0601 _WIN32_WINNT=0x0601)
-  # The modules share one C++ runtime, as MFC modules share one CRT: copy it beside the programs.
+  # C99 printf family on MinGW, so "%f", "%e" and "%g" give the same digits as on Linux; the
+  # Windows 7 API level keeps the project's own code off newer calls. Both are the project's own
+  # choices; what a host must share with the modules comes with their targets (_AFXDLL).
+  add_compile_definitions(__USE_MINGW_ANSI_STDIO=1 WINVER=0x0601 _WIN32_WINNT=0x0601)
+  # The modules share one C++ runtime, as MFC modules share one CRT: copy it beside the programs
+  # and into the SDK's bin/, beside the library's DLLs.
   file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
     set(_kel_gcc_dll libgcc_s_seh-1.dll)
@@ -31,6 +36,7 @@ if(WIN32)
       message(FATAL_ERROR "MinGW runtime ${_dll} not found")
     endif()
     file(COPY ${_path} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+    install(FILES ${_path} DESTINATION ${CMAKE_INSTALL_BINDIR})
   endforeach()
 endif()
 

@@ -2,7 +2,9 @@
 set(CMAKE_C_COMPILER ${KEL_MINGW_TRIPLE}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${KEL_MINGW_TRIPLE}-g++-posix)
 set(CMAKE_RC_COMPILER ${KEL_MINGW_TRIPLE}-windres)
-set(CMAKE_FIND_ROOT_PATH /usr/${KEL_MINGW_TRIPLE})
+# The MinGW tree is the target's root; so are the prefixes a host names in CMAKE_PREFIX_PATH
+# (an installed KelControls SDK), which the ONLY modes would otherwise look for inside it.
+set(CMAKE_FIND_ROOT_PATH /usr/${KEL_MINGW_TRIPLE} ${CMAKE_PREFIX_PATH})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests and the gallery need, when missing.
-# Works as root or through sudo on a fresh Debian 12 machine.
+# Works on a fresh Debian 12 machine as root (sudo need not be installed) or as a user who may
+# use sudo; without either it names the missing packages and fails.
 set -euo pipefail
 
 packages=(

@@ -45,7 +45,8 @@ private:
 };
 } // namespace
 
-CWindowImage::CWindowImage() : m_hdc(NULL), m_hBitmap(NULL), m_hOldBitmap(NULL), m_pBits(NULL), m_nWidth(0), m_nHeight(0)
+CWindowImage::CWindowImage()
+    : m_hdc(NULL), m_hBitmap(NULL), m_hOldBitmap(NULL), m_pBits(NULL), m_nWidth(0), m_nHeight(0)
 {
 }
 

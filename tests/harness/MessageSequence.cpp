@@ -2,6 +2,7 @@
 
 #include "tests/harness/ImportRecorder.h"
 
+#include <stdint.h>
 #include <stdio.h>
 
 #include <algorithm>
@@ -24,13 +25,14 @@ const auto s_pfnCallWindowProcA = SystemFunction<decltype(&::CallWindowProcA)>("
 // The modules whose calls of the default procedure are seen; null for the program.
 const char* const s_apszModules[] = {NULL, "KelAfx.dll", "KelControls.dll", "KEL_Util.dll"};
 
-const UINT s_auNoise[] = {WM_ACTIVATEAPP, WM_GETICON, WM_GETOBJECT, WM_NCHITTEST, WM_SETCURSOR, WM_NCMOUSEMOVE, WM_TIMER,
-                          0x0118 /* the system's caret timer */, WM_PAINT, WM_NCPAINT, WM_ERASEBKGND, WM_SYNCPAINT,
-                          WM_PRINTCLIENT, WM_CTLCOLORMSGBOX, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX, WM_CTLCOLORBTN,
-                          WM_CTLCOLORDLG, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC, WM_IME_STARTCOMPOSITION,
-                          WM_IME_ENDCOMPOSITION, WM_IME_COMPOSITION, WM_IME_SETCONTEXT, WM_IME_NOTIFY,
-                          WM_IME_CONTROL, WM_IME_COMPOSITIONFULL, WM_IME_SELECT, WM_IME_CHAR, WM_IME_REQUEST,
-                          WM_IME_KEYDOWN, WM_IME_KEYUP};
+// Left out unless asked for; 0x0118 is the system's caret timer.
+const UINT s_auNoise[] = {
+    WM_ACTIVATEAPP, WM_GETICON, WM_GETOBJECT, WM_NCHITTEST, WM_SETCURSOR, WM_NCMOUSEMOVE, WM_TIMER, 0x0118,
+    WM_PAINT, WM_NCPAINT, WM_ERASEBKGND, WM_SYNCPAINT, WM_PRINTCLIENT, WM_CTLCOLORMSGBOX, WM_CTLCOLOREDIT,
+    WM_CTLCOLORLISTBOX, WM_CTLCOLORBTN, WM_CTLCOLORDLG, WM_CTLCOLORSCROLLBAR, WM_CTLCOLORSTATIC,
+    WM_IME_STARTCOMPOSITION, WM_IME_ENDCOMPOSITION, WM_IME_COMPOSITION, WM_IME_SETCONTEXT, WM_IME_NOTIFY,
+    WM_IME_CONTROL, WM_IME_COMPOSITIONFULL, WM_IME_SELECT, WM_IME_CHAR, WM_IME_REQUEST, WM_IME_KEYDOWN,
+    WM_IME_KEYUP};
 
 #define KEL_MSG(name) {name, #name}
 const struct
@@ -228,7 +230,10 @@ std::string CMessageSequence::Describe(const CMessage& message)
 {
     const UINT fFlags = message.m_fFlags;
     std::string str = std::string(message.m_pszWindow) + " " + MessageName(message.m_uMsg) + " ";
-    std::string strKind = fFlags & SEQ_SENT ? "sent" : fFlags & SEQ_POSTED ? "posted" : fFlags & SEQ_HANDLER ? "handler" : "";
+    std::string strKind = fFlags & SEQ_SENT      ? "sent"
+                          : fFlags & SEQ_POSTED  ? "posted"
+                          : fFlags & SEQ_HANDLER ? "handler"
+                                                 : "";
     if (fFlags & SEQ_DEFPROC)
         strKind += strKind.empty() ? "defproc" : "+defproc";
     str += strKind;
@@ -266,12 +271,13 @@ std::string CMessageSequence::Describe(const CMessage& message)
     size_t iFirstDifference = SIZE_MAX;
     while (iExpected < nExpected || iEntry < m_entries.size())
     {
-        const bool bBoth = iExpected < nExpected && iEntry < m_entries.size();
-        if (iFirstDifference == SIZE_MAX && bBoth && Matches(pExpected[iExpected], m_entries[iEntry]))
+        const bool bMatching = iFirstDifference == SIZE_MAX;
+        if (bMatching && iExpected < nExpected && iEntry < m_entries.size() &&
+            Matches(pExpected[iExpected], m_entries[iEntry]))
         {
             rows.emplace_back(Describe(pExpected[iExpected++]), describeEntry(m_entries[iEntry++]));
         }
-        else if (iFirstDifference == SIZE_MAX && iExpected < nExpected && (pExpected[iExpected].m_fFlags & SEQ_OPTIONAL))
+        else if (bMatching && iExpected < nExpected && (pExpected[iExpected].m_fFlags & SEQ_OPTIONAL))
         {
             rows.emplace_back(Describe(pExpected[iExpected++]), "");
         }

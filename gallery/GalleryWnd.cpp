@@ -3,13 +3,11 @@
 #include <stdio.h>
 #include <stdlib.h>
 
-#include <vector>
-
+#include "capture/WindowImage.h"
 #include "gallery/EditTipPage.h"
 #include "gallery/EventListPage.h"
 #include "gallery/GalleryApp.h"
 #include "gallery/ListingPage.h"
-#include "gallery/PngWriter.h"
 #include "gallery/TimeFieldPage.h"
 #include "gallery/TransportPage.h"
 
@@ -192,49 +190,8 @@ BOOL CGalleryWnd::SaveSnapshot(LPCTSTR lpszPath)
 {
     RedrawWindow(NULL, NULL, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
     PumpPendingMessages();
-
-    CRect rect;
-    GetClientRect(&rect);
-    const int nWidth = rect.Width();
-    const int nHeight = rect.Height();
-    BITMAPINFO info;
-    memset(&info, 0, sizeof(info));
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = nWidth;
-    info.bmiHeader.biHeight = -nHeight; // rows from the top, as the PNG wants them
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-
-    // Copied from the window's DC: under Wine, PrintWindow draws nothing of windows that paint
-    // through BeginPaint, nor of their children. The client area only, because under Wine the
-    // frame is the window manager's: without one (Xvfb) it reads as black.
-    CClientDC dcClient(this);
-    void* pBits = NULL;
-    HBITMAP hBitmap = ::CreateDIBSection(dcClient, &info, DIB_RGB_COLORS, &pBits, NULL, 0);
-    CBitmap bitmap;
-    if (hBitmap == NULL || !bitmap.Attach(hBitmap))
-        return FALSE;
-    CDC dcImage;
-    if (!dcImage.CreateCompatibleDC(&dcClient))
-        return FALSE;
-    CBitmap* pOldBitmap = dcImage.SelectObject(&bitmap);
-    BOOL bCopied = dcImage.BitBlt(0, 0, nWidth, nHeight, &dcClient, 0, 0, SRCCOPY);
-    ::GdiFlush();
-    dcImage.SelectObject(pOldBitmap);
-    if (!bCopied)
-        return FALSE;
-
-    // The DIB holds blue, green, red and an unused byte per pixel.
-    const BYTE* pPixel = static_cast<const BYTE*>(pBits);
-    std::vector<BYTE> rgb(static_cast<size_t>(nWidth) * nHeight * 3);
-    for (size_t i = 0; i < rgb.size(); i += 3, pPixel += 4)
-    {
-        rgb[i] = pPixel[2];
-        rgb[i + 1] = pPixel[1];
-        rgb[i + 2] = pPixel[0];
-    }
-    return CPngWriter::WriteRgb(lpszPath, nWidth, nHeight, rgb.data());
+    CWindowImage image;
+    return image.Capture(m_hWnd) && image.SavePng(lpszPath);
 }
 
 LRESULT CGalleryWnd::OnSnapshot(WPARAM, LPARAM)

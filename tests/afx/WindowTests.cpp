@@ -12,7 +12,6 @@ namespace
 typedef std::vector<std::string> CEvents;
 const UINT WM_TEST_VALUE = WM_USER + 5;
 const UINT WM_TEST_THROW = WM_USER + 7;
-const UINT IDC_CHILD = 1001;
 
 class CRecordingWnd : public CWnd
 {
@@ -48,12 +47,6 @@ public:
         m_events.push_back("nested " + std::to_string(SendMessage(WM_TEST_VALUE, 2, 3)));
         return Default();
     }
-    afx_msg void OnChildChange() { m_events.push_back("parent EN_CHANGE"); }
-    afx_msg void OnChildDblClk(NMHDR* pNMHDR, LRESULT* pResult)
-    {
-        m_events.push_back("parent NM_DBLCLK " + std::to_string(pNMHDR->idFrom));
-        *pResult = 7;
-    }
     void PostNcDestroy() override { ++m_nPostNcDestroy; }
 
     DECLARE_MESSAGE_MAP()
@@ -66,8 +59,6 @@ ON_WM_LBUTTONDOWN()
 ON_MESSAGE(WM_TEST_VALUE, OnTestValue)
 ON_MESSAGE(WM_TEST_THROW, OnThrow)
 ON_MESSAGE(WM_SETTEXT, OnSetText)
-ON_EN_CHANGE(IDC_CHILD, OnChildChange)
-ON_NOTIFY(NM_DBLCLK, IDC_CHILD, OnChildDblClk)
 END_MESSAGE_MAP()
 
 // A derived map is searched before its base: it overrides one entry and inherits the rest.
@@ -81,33 +72,6 @@ BEGIN_MESSAGE_MAP(CDerivedWnd, CRecordingWnd)
 ON_MESSAGE(WM_TEST_VALUE, OnTestValue)
 END_MESSAGE_MAP()
 
-class CReflectingEdit : public CWnd
-{
-public:
-    BOOL m_bPassOn = FALSE;
-    int m_nPreSubclass = 0;
-    CEvents* m_pEvents = NULL;
-
-    void PreSubclassWindow() override { ++m_nPreSubclass; }
-    afx_msg BOOL OnReflectedChange()
-    {
-        m_pEvents->push_back("child EN_CHANGE");
-        return !m_bPassOn;
-    }
-    afx_msg void OnReflectedClick(NMHDR*, LRESULT* pResult) { *pResult = 42; }
-    afx_msg HBRUSH CtlColor(CDC*, UINT nCtlColor)
-    {
-        return nCtlColor == CTLCOLOR_EDIT ? static_cast<HBRUSH>(::GetStockObject(GRAY_BRUSH)) : NULL;
-    }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(CReflectingEdit, CWnd)
-ON_CONTROL_REFLECT_EX(EN_CHANGE, OnReflectedChange)
-ON_NOTIFY_REFLECT(NM_CLICK, OnReflectedClick)
-ON_WM_CTLCOLOR_REFLECT()
-END_MESSAGE_MAP()
-
 class CSelfDeletingWnd : public CWnd
 {
 public:
@@ -119,14 +83,7 @@ public:
 class CWindowTest : public ::testing::Test
 {
 protected:
-    CWindowTest() { m_edit.m_pEvents = &m_parent.m_events; }
-    // The parent with its edit, not subclassed yet.
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_parent.CreateTopLevel());
-        m_hEdit = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 0, 0, 200, 24, m_parent.m_hWnd,
-                                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(IDC_CHILD)), NULL, NULL);
-    }
+    void SetUp() override { ASSERT_TRUE(m_parent.CreateTopLevel()); }
     void TearDown() override
     {
         m_parent.DestroyWindow();
@@ -134,8 +91,6 @@ protected:
     }
 
     CRecordingWnd m_parent;
-    CReflectingEdit m_edit; // for m_hEdit, a child of m_parent, gone with it
-    HWND m_hEdit = NULL;
 };
 } // namespace
 
@@ -193,45 +148,6 @@ TEST_F(CWindowTest, TemporaryAndPermanentObjects)
     CWnd::DeleteTempMap();
     EXPECT_TRUE(::IsWindow(hWnd)); // deleting a temporary object leaves its window
     ::DestroyWindow(hWnd);
-}
-
-TEST_F(CWindowTest, SubclassedEditTakesWhatIsReflectedAndKeepsItsOwnBehaviour)
-{
-    LONG_PTR pfnOriginal = ::GetWindowLongPtrA(m_hEdit, GWLP_WNDPROC);
-    ASSERT_TRUE(m_edit.SubclassDlgItem(IDC_CHILD, &m_parent));
-    EXPECT_EQ(1, m_edit.m_nPreSubclass);
-    NMHDR hdr = {m_hEdit, IDC_CHILD, static_cast<UINT>(NM_CLICK)};
-    EXPECT_EQ(42, ::SendMessageA(m_parent.m_hWnd, WM_NOTIFY, IDC_CHILD, reinterpret_cast<LPARAM>(&hdr)));
-    hdr.code = static_cast<UINT>(NM_DBLCLK);
-    EXPECT_EQ(7, ::SendMessageA(m_parent.m_hWnd, WM_NOTIFY, IDC_CHILD, reinterpret_cast<LPARAM>(&hdr)));
-    WPARAM wDC = reinterpret_cast<WPARAM>(::GetDC(m_hEdit));
-    LPARAM lEdit = reinterpret_cast<LPARAM>(m_hEdit);
-    EXPECT_EQ(reinterpret_cast<LRESULT>(::GetStockObject(GRAY_BRUSH)),
-              ::SendMessageA(m_parent.m_hWnd, WM_CTLCOLOREDIT, wDC, lEdit));
-    // No brush from the child: the parent's own default answers.
-    EXPECT_EQ(::DefWindowProcA(m_parent.m_hWnd, WM_CTLCOLORSTATIC, wDC, lEdit),
-              ::SendMessageA(m_parent.m_hWnd, WM_CTLCOLORSTATIC, wDC, lEdit));
-    ::ReleaseDC(m_hEdit, reinterpret_cast<HDC>(wDC));
-
-    CInput::TypeText(m_hEdit, "ab");
-    EXPECT_EQ(m_hEdit, m_edit.UnsubclassWindow());
-    EXPECT_EQ(pfnOriginal, ::GetWindowLongPtrA(m_hEdit, GWLP_WNDPROC));
-    CInput::TypeText(m_hEdit, "c"); // no object to reflect to: the parent hears it
-    EXPECT_EQ("abc", CInput::GetText(m_hEdit));
-    EXPECT_EQ((CEvents{"parent NM_DBLCLK 1001", "child EN_CHANGE", "child EN_CHANGE", "parent EN_CHANGE"}),
-              m_parent.m_events);
-}
-
-TEST_F(CWindowTest, NotificationsAreIgnoredWhileTheParentIsLockedOut)
-{
-    ASSERT_TRUE(m_edit.SubclassWindow(m_hEdit));
-    m_edit.m_bPassOn = TRUE;
-    HWND hWndOld = AfxSetLockoutNotifyWindow(m_parent.m_hWnd);
-    CInput::TypeText(m_edit.m_hWnd, "x");
-    EXPECT_TRUE(m_parent.m_events.empty());
-    EXPECT_EQ(m_parent.m_hWnd, AfxSetLockoutNotifyWindow(hWndOld));
-    CInput::TypeText(m_edit.m_hWnd, "y"); // handled by the child, then passed on to the parent
-    EXPECT_EQ((CEvents{"child EN_CHANGE", "parent EN_CHANGE"}), m_parent.m_events);
 }
 
 TEST_F(CWindowTest, ExceptionsStopAtTheWindowProcedure)

@@ -118,18 +118,8 @@ std::string FormatReport(const CImportRecorder::CRecords& records, bool bBodyRet
     for (const auto& call : records.m_messageBoxes)
         AddLine(strReport, {"M", Handle(call.m_hWndOwner), Number(call.m_uType), Number(call.m_nReply),
                             call.m_strText, call.m_strCaption});
-    for (const auto& call : records.m_beeps)
-        AddLine(strReport, {"B", Number(call.m_bTone), Number(call.m_uType), Number(call.m_dwFrequency),
-                            Number(call.m_dwDuration)});
     for (const auto& call : records.m_diskFreeSpaceCalls)
         AddLine(strReport, {"D", Number(call.m_bEx), call.m_strRoot});
-    for (const auto& call : records.m_popupMenus)
-    {
-        AddLine(strReport, {"P", Handle(call.m_hWndOwner), Number(call.m_uFlags), Number(call.m_x), Number(call.m_y),
-                            Number(call.m_uCommand)});
-        for (const auto& item : call.m_items)
-            AddLine(strReport, {"I", Number(item.m_uId), Number(item.m_uType), Number(item.m_uState), item.m_strText});
-    }
     for (UINT uCode : records.m_exitCodes)
         AddLine(strReport, {"X", Number(uCode)});
     if (bBodyReturned)
@@ -164,29 +154,10 @@ bool ParseReport(const std::string& strReport, CChildRun::COutcome& outcome)
                                                      static_cast<int>(NumberAt(f, 3))};
             records.m_messageBoxes.push_back(call);
         }
-        else if (strKind == "B")
-        {
-            CImportRecorder::CBeepCall call = {NumberAt(f, 1) != 0, static_cast<UINT>(NumberAt(f, 2)),
-                                               static_cast<DWORD>(NumberAt(f, 3)), static_cast<DWORD>(NumberAt(f, 4))};
-            records.m_beeps.push_back(call);
-        }
         else if (strKind == "D")
         {
             CImportRecorder::CDiskFreeSpaceCall call = {TextAt(f, 2), NumberAt(f, 1) != 0};
             records.m_diskFreeSpaceCalls.push_back(call);
-        }
-        else if (strKind == "P")
-        {
-            CImportRecorder::CPopupMenuCall call = {HandleAt(f, 1), static_cast<UINT>(NumberAt(f, 2)),
-                                                    static_cast<int>(NumberAt(f, 3)), static_cast<int>(NumberAt(f, 4)),
-                                                    {}, static_cast<UINT>(NumberAt(f, 5))};
-            records.m_popupMenus.push_back(call);
-        }
-        else if (strKind == "I" && !records.m_popupMenus.empty())
-        {
-            CImportRecorder::CMenuItem item = {static_cast<UINT>(NumberAt(f, 1)), static_cast<UINT>(NumberAt(f, 2)),
-                                               static_cast<UINT>(NumberAt(f, 3)), TextAt(f, 4)};
-            records.m_popupMenus.back().m_items.push_back(item);
         }
         else if (strKind == "X")
         {

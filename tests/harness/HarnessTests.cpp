@@ -1,6 +1,7 @@
 #include "tests/harness/ChildRun.h"
 #include "tests/harness/ImportRecorder.h"
 #include "tests/harness/Input.h"
+#include "tests/harness/MessageSequence.h"
 #include "tests/harness/NotifyRecorder.h"
 
 #include <commctrl.h>
@@ -19,71 +20,10 @@ protected:
     CImportRecorder& m_recorder = CImportRecorder::Get();
 };
 
-TEST_F(CImportRecorderTest, MessageBoxesAnswerFromTheQueueThenTheDefault)
-{
-    m_recorder.PushMessageBoxReply(IDYES);
-    m_recorder.PushMessageBoxReply(IDNO);
-    m_recorder.SetDefaultMessageBoxReply(IDCANCEL); // once the queue is empty
-    MSGBOXPARAMSA params = {sizeof(params), NULL, NULL, "Indirect", "Cap", MB_RETRYCANCEL, NULL, 0, NULL, 0};
-    const struct { std::function<int()> show; std::string text, caption; UINT type; int reply; } cases[] = {
-        {[] { return MessageBoxA(GetDesktopWindow(), "Sure?", "Grid", MB_YESNO); }, "Sure?", "Grid", MB_YESNO, IDYES},
-        {[] { return MessageBoxW(NULL, L"Wide \u00e9", L"W", MB_OK); }, "Wide \xc3\xa9", "W", MB_OK, IDNO},
-        {[] { return MessageBoxExA(NULL, "Ex", NULL, MB_ICONHAND, 0); }, "Ex", "", MB_ICONHAND, IDCANCEL},
-        {[&] { return MessageBoxIndirectA(&params); }, "Indirect", "Cap", MB_RETRYCANCEL, IDCANCEL}};
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(c.reply, c.show());
-        const CImportRecorder::CMessageBoxCall& call = m_recorder.GetRecords().m_messageBoxes.back();
-        EXPECT_EQ(std::tie(c.text, c.caption, c.type, c.reply),
-                  std::tie(call.m_strText, call.m_strCaption, call.m_uType, call.m_nReply));
-    }
-    EXPECT_EQ(GetDesktopWindow(), m_recorder.GetRecords().m_messageBoxes[0].m_hWndOwner);
-}
-
-TEST_F(CImportRecorderTest, PopupMenusAreReadAndAnsweredWithoutShowing)
-{
-    CNotifyRecorder owner;
-    ASSERT_TRUE(owner.Create(100, 100));
-    owner.RecordMessage(WM_INITMENUPOPUP);
-    HMENU hMenu = CreatePopupMenu();
-    AppendMenuA(hMenu, MF_STRING, 1, "&Copy");
-    AppendMenuA(hMenu, MF_STRING | MF_GRAYED, 2, "&Cut");
-    AppendMenuA(hMenu, MF_SEPARATOR, 0, NULL);
-
-    m_recorder.PushMenuCommand(1);
-    EXPECT_EQ(1, TrackPopupMenu(hMenu, TPM_RETURNCMD, 30, 40, 0, owner, NULL));
-    const CImportRecorder::CPopupMenuCall& call = m_recorder.GetRecords().m_popupMenus.at(0);
-    EXPECT_EQ(std::make_tuple(owner.GetSafeHwnd(), 30, 40), std::make_tuple(call.m_hWndOwner, call.m_x, call.m_y));
-    std::vector<std::tuple<UINT, UINT, std::string>> items; // id, separator or grayed, text
-    for (const CImportRecorder::CMenuItem& item : call.m_items)
-        items.emplace_back(item.m_uId, item.m_uType & MFT_SEPARATOR ? MFT_SEPARATOR : item.m_uState & MF_GRAYED,
-                           item.m_strText);
-    EXPECT_EQ((decltype(items){{1, 0, "&Copy"}, {2, MF_GRAYED, "&Cut"}, {0, MFT_SEPARATOR, ""}}), items);
-    EXPECT_EQ(1u, owner.GetMessages().size()); // WM_INITMENUPOPUP, the one recorded
-
-    // Without TPM_RETURNCMD the choice arrives later, as a posted WM_COMMAND.
-    m_recorder.PushMenuCommand(2);
-    EXPECT_TRUE(TrackPopupMenuEx(hMenu, TPM_NONOTIFY, 0, 0, owner, NULL));
-    EXPECT_TRUE(owner.GetCommands().empty());
-    CInput::PumpMessages();
-    ASSERT_EQ(1u, owner.GetCommands().size());
-    EXPECT_EQ(2u, owner.GetCommands()[0].m_uId);
-    EXPECT_EQ(1u, owner.GetMessages().size()); // no second WM_INITMENUPOPUP under TPM_NONOTIFY
-
-    EXPECT_EQ(0, TrackPopupMenu(hMenu, TPM_RETURNCMD, 0, 0, 0, owner, NULL)); // dismissed
-    DestroyMenu(hMenu);
-}
-
 namespace
 {
 // A function may keep an import slot it has read in a register across calls, which would hide
 // a patch or its undoing in between: these read the slot afresh at each call.
-__attribute__((noinline)) BOOL CallMessageBeep(UINT uType)
-{
-    return MessageBeep(uType);
-}
-
 __attribute__((noinline)) BOOL CallGetDiskFreeSpaceExA(LPCSTR pszRoot, ULARGE_INTEGER* pAvailable,
                                                        ULARGE_INTEGER* pTotal, ULARGE_INTEGER* pTotalFree)
 {
@@ -134,16 +74,12 @@ TEST_F(CImportRecorderTest, FreeSpaceAnswersFromTheQueueAndUninstallRestoresTheI
     EXPECT_EQ(pfnOriginal, m_recorder.Redirect(GetModuleHandleA(NULL), "kernel32.dll", "GetCurrentProcessId",
                                                reinterpret_cast<void*>(&FakeProcessId)));
     EXPECT_TRUE(m_recorder.Redirect(GetModuleHandleA(NULL), "kernel32.dll", "NoSuchFunction", NULL) == NULL);
-    CallMessageBeep(0);
-    EXPECT_EQ(1u, m_recorder.GetRecords().m_beeps.size());
 
     m_recorder.Uninstall();
-    EXPECT_TRUE(m_recorder.GetRecords().m_beeps.empty());
-    EXPECT_EQ(dwReal, CallGetCurrentProcessId());
-    CallMessageBeep(0);
-    EXPECT_TRUE(CallGetDiskFreeSpaceExA(NULL, &available, NULL, NULL));
-    EXPECT_TRUE(m_recorder.GetRecords().m_beeps.empty()); // the system functions answered
     EXPECT_TRUE(m_recorder.GetRecords().m_diskFreeSpaceCalls.empty());
+    EXPECT_EQ(dwReal, CallGetCurrentProcessId());
+    EXPECT_TRUE(CallGetDiskFreeSpaceExA(NULL, &available, NULL, NULL));
+    EXPECT_TRUE(m_recorder.GetRecords().m_diskFreeSpaceCalls.empty()); // the system function answered
 
     // Reinstalled, the queued answer is gone: the default diskette answers both calls.
     ASSERT_GT(m_recorder.Install(GetModuleHandleA(NULL)), 0);
@@ -167,8 +103,6 @@ TEST(CChildRunTest, ExitProcessEndsTheChildWithItsCodeAndRecords)
         CImportRecorder::Get().Install(GetModuleHandleA(NULL));
         CImportRecorder::Get().PushMessageBoxReply(IDABORT);
         MessageBoxA(NULL, "Line one\n\tLine \\two", "ERROR", MB_ICONHAND);
-        MessageBeep(MB_ICONEXCLAMATION);
-        Beep(1000, 10);
         ExitProcess(static_cast<UINT>(-1));
     });
     EXPECT_EQ(std::make_tuple(0xFFFFFFFFul, true, false), // exit code, reported, body returned
@@ -177,10 +111,6 @@ TEST(CChildRunTest, ExitProcessEndsTheChildWithItsCodeAndRecords)
     const CImportRecorder::CMessageBoxCall& box = records.m_messageBoxes.at(0);
     EXPECT_EQ(std::make_tuple(std::string("Line one\n\tLine \\two"), std::string("ERROR"), UINT(MB_ICONHAND), IDABORT),
               std::make_tuple(box.m_strText, box.m_strCaption, box.m_uType, box.m_nReply));
-    std::vector<std::tuple<bool, UINT, DWORD, DWORD>> beeps; // tone, type, frequency, duration
-    for (const CImportRecorder::CBeepCall& beep : records.m_beeps)
-        beeps.emplace_back(beep.m_bTone, beep.m_uType, beep.m_dwFrequency, beep.m_dwDuration);
-    EXPECT_EQ((decltype(beeps){{false, MB_ICONEXCLAMATION, 0, 0}, {true, 0, 1000, 10}}), beeps);
     EXPECT_EQ(std::vector<UINT>{0xFFFFFFFFu}, records.m_exitCodes);
 }
 
@@ -229,4 +159,57 @@ TEST(CNotifyRecorderTest, HandlersThenRepliesAnswerInTheOrderOfArrival)
     for (const CNotifyRecorder::CNotify& notify : parent.GetNotifies())
         notifies.emplace_back(notify.m_uCode, notify.m_lResult);
     EXPECT_EQ((decltype(notifies){{LVN_ITEMCHANGING, TRUE}, {LVN_GETDISPINFOA, 3}, {LVN_INSERTITEM, 0}}), notifies);
+}
+
+// Every difference fails the check, which shows both sides from the first one on; optional
+// entries may be absent, noise is left out, other windows are not watched.
+TEST(CMessageSequenceTest, ComparesWindowKindArgumentsAndOrder)
+{
+    CNotifyRecorder window, other;
+    ASSERT_TRUE(window.Create(50, 50));
+    ASSERT_TRUE(other.Create(50, 50));
+    CMessageSequence seq;
+    seq.Watch(window, "w");
+    auto record = [&] {
+        SendMessageA(window, WM_USER, 1, 2);
+        SendMessageA(window, WM_GETICON, 0, 0);
+        SendMessageA(other, WM_USER, 1, 2);
+        CMessageSequence::Handled(window, WM_APP, 5);
+        PostMessageA(window, WM_USER, 3, 4);
+        CInput::PumpMessages();
+    };
+    record();
+    EXPECT_TRUE(seq.Check({
+        {"w", WM_USER, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, 1, 2},
+        {"w", WM_CLOSE, SEQ_SENT | SEQ_OPTIONAL},
+        {"w", WM_APP, SEQ_HANDLER | SEQ_WPARAM, 5},
+        {"w", WM_USER, SEQ_POSTED | SEQ_DEFPROC | SEQ_LPARAM, 0, 4},
+        {"w", WM_CLOSE, SEQ_POSTED | SEQ_OPTIONAL},
+    }));
+
+    const std::vector<CMessageSequence::CMessage> wrong[] = {
+        {{"x", WM_USER, SEQ_SENT | SEQ_DEFPROC}},
+        {{"w", WM_USER, SEQ_SENT}},
+        {{"w", WM_USER, SEQ_POSTED | SEQ_DEFPROC}},
+        {{"w", WM_USER, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM, 2}},
+        {{"w", WM_USER, SEQ_SENT | SEQ_DEFPROC | SEQ_LPARAM, 0, 1}},
+        {{"w", WM_APP, SEQ_HANDLER}, {"w", WM_USER, SEQ_SENT | SEQ_DEFPROC}}, // order
+        {{"w", WM_USER, SEQ_SENT | SEQ_DEFPROC}, {"w", WM_APP, SEQ_HANDLER}}, // one short
+    };
+    for (const auto& expected : wrong)
+    {
+        record();
+        ::testing::AssertionResult result = seq.Check(expected.data(), expected.size());
+        EXPECT_FALSE(result) << expected[0].m_pszWindow << " " << expected[0].m_fFlags;
+    }
+    record();
+    EXPECT_STREQ("the messages differ from row 1 on\n"
+                 "  expected                            | recorded\n"
+                 "  w WM_USER sent+defproc              | w WM_USER sent+defproc wParam 0x1 lParam 0x2\n"
+                 "> w WM_APP+1 handler wParam 0x5       | w WM_APP handler wParam 0x5 lParam 0x0\n"
+                 "  w WM_USER posted+defproc lParam 0x4 | w WM_USER posted+defproc wParam 0x3 lParam 0x4\n",
+                 seq.Check({{"w", WM_USER, SEQ_SENT | SEQ_DEFPROC},
+                            {"w", WM_APP + 1, SEQ_HANDLER | SEQ_WPARAM, 5},
+                            {"w", WM_USER, SEQ_POSTED | SEQ_DEFPROC | SEQ_LPARAM, 0, 4}})
+                     .message());
 }

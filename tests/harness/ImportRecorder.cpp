@@ -16,27 +16,6 @@ std::string Text(LPCSTR psz)
     return psz != NULL ? std::string(psz) : std::string();
 }
 
-std::string Utf8(LPCWSTR psz)
-{
-    if (psz == NULL)
-        return std::string();
-    int cb = WideCharToMultiByte(CP_UTF8, 0, psz, -1, NULL, 0, NULL, NULL);
-    std::string str(cb > 0 ? cb : 1, '\0');
-    WideCharToMultiByte(CP_UTF8, 0, psz, -1, &str[0], cb, NULL, NULL);
-    str.resize(strlen(str.c_str()));
-    return str;
-}
-
-// MessageBoxIndirect takes resource identifiers as well as texts.
-std::string TextOrResource(HINSTANCE hInstance, LPCSTR psz)
-{
-    if (!IS_INTRESOURCE(psz))
-        return Text(psz);
-    char sz[4096] = "";
-    LoadStringA(hInstance, LOWORD(reinterpret_cast<ULONG_PTR>(psz)), sz, sizeof(sz));
-    return sz;
-}
-
 DWORD Clusters(ULONGLONG ullBytes)
 {
     ULONGLONG ullClusters = ullBytes / SECTOR_BYTES;
@@ -71,40 +50,6 @@ struct CStandIns
         return CImportRecorder::Get().AnswerMessageBox(hWnd, Text(pszText), Text(pszCaption), uType);
     }
 
-    static int WINAPI MessageBoxW(HWND hWnd, LPCWSTR pszText, LPCWSTR pszCaption, UINT uType)
-    {
-        return CImportRecorder::Get().AnswerMessageBox(hWnd, Utf8(pszText), Utf8(pszCaption), uType);
-    }
-
-    static int WINAPI MessageBoxExA(HWND hWnd, LPCSTR pszText, LPCSTR pszCaption, UINT uType, WORD)
-    {
-        return MessageBoxA(hWnd, pszText, pszCaption, uType);
-    }
-
-    static int WINAPI MessageBoxIndirectA(const MSGBOXPARAMSA* pParams)
-    {
-        if (pParams == NULL)
-            return 0;
-        return CImportRecorder::Get().AnswerMessageBox(pParams->hwndOwner,
-                                                       TextOrResource(pParams->hInstance, pParams->lpszText),
-                                                       TextOrResource(pParams->hInstance, pParams->lpszCaption),
-                                                       pParams->dwStyle);
-    }
-
-    static BOOL WINAPI MessageBeep(UINT uType)
-    {
-        CImportRecorder::CBeepCall call = {false, uType, 0, 0};
-        CImportRecorder::Get().m_records.m_beeps.push_back(call);
-        return TRUE;
-    }
-
-    static BOOL WINAPI Beep(DWORD dwFrequency, DWORD dwDuration)
-    {
-        CImportRecorder::CBeepCall call = {true, 0, dwFrequency, dwDuration};
-        CImportRecorder::Get().m_records.m_beeps.push_back(call);
-        return TRUE;
-    }
-
     static BOOL WINAPI GetDiskFreeSpaceExA(LPCSTR pszRoot, PULARGE_INTEGER pAvailable, PULARGE_INTEGER pTotal,
                                            PULARGE_INTEGER pTotalFree)
     {
@@ -128,16 +73,6 @@ struct CStandIns
         Store(pFreeClusters, Clusters(answer.m_ullAvailable));
         Store(pTotalClusters, Clusters(answer.m_ullTotal));
         return TRUE;
-    }
-
-    static BOOL WINAPI TrackPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, int, HWND hWnd, const RECT*)
-    {
-        return CImportRecorder::Get().AnswerPopupMenu(hMenu, uFlags, x, y, hWnd);
-    }
-
-    static BOOL WINAPI TrackPopupMenuEx(HMENU hMenu, UINT uFlags, int x, int y, HWND hWnd, LPTPMPARAMS)
-    {
-        return CImportRecorder::Get().AnswerPopupMenu(hMenu, uFlags, x, y, hWnd);
     }
 
     [[noreturn]] static void WINAPI ExitProcess(UINT uExitCode)
@@ -166,13 +101,6 @@ const CHook* FindHook(LPCSTR pszDll, LPCSTR pszFunction)
 {
     static const CHook s_hooks[] = {
         KEL_HOOK("user32.dll", MessageBoxA),
-        KEL_HOOK("user32.dll", MessageBoxW),
-        KEL_HOOK("user32.dll", MessageBoxExA),
-        KEL_HOOK("user32.dll", MessageBoxIndirectA),
-        KEL_HOOK("user32.dll", MessageBeep),
-        KEL_HOOK("user32.dll", TrackPopupMenu),
-        KEL_HOOK("user32.dll", TrackPopupMenuEx),
-        KEL_HOOK("kernel32.dll", Beep),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceExA),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceA),
         KEL_HOOK("kernel32.dll", ExitProcess),
@@ -325,7 +253,6 @@ void CImportRecorder::ResetScript()
     m_diskFreeSpaceAnswers.clear();
     CDiskFreeSpace diskette = {TRUE, 0, DISKETTE_BYTES, DISKETTE_BYTES, DISKETTE_BYTES};
     m_defaultDiskFreeSpace = diskette;
-    m_menuCommands.clear();
 }
 
 void CImportRecorder::PushMessageBoxReply(int nReply)
@@ -355,11 +282,6 @@ void CImportRecorder::SetDefaultDiskFreeSpace(const CDiskFreeSpace& answer)
     m_defaultDiskFreeSpace = answer;
 }
 
-void CImportRecorder::PushMenuCommand(UINT uCommand)
-{
-    m_menuCommands.push_back(uCommand);
-}
-
 int CImportRecorder::AnswerMessageBox(HWND hWndOwner, std::string strText, std::string strCaption, UINT uType)
 {
     int nReply = m_nDefaultMessageBoxReply;
@@ -386,42 +308,6 @@ BOOL CImportRecorder::AnswerDiskFreeSpace(LPCSTR pszRoot, bool bEx, CDiskFreeSpa
     if (!answer.m_bOk)
         SetLastError(answer.m_dwError);
     return answer.m_bOk;
-}
-
-BOOL CImportRecorder::AnswerPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, HWND hWndOwner)
-{
-    if (!(uFlags & TPM_NONOTIFY) && hWndOwner != NULL)
-        SendMessageA(hWndOwner, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(hMenu), 0);
-
-    CPopupMenuCall call = {hWndOwner, uFlags, x, y, {}, 0};
-    int nItems = GetMenuItemCount(hMenu);
-    for (int i = 0; i < nItems; ++i)
-    {
-        MENUITEMINFOA info = {};
-        info.cbSize = sizeof(info);
-        info.fMask = MIIM_ID | MIIM_FTYPE | MIIM_STATE | MIIM_STRING;
-        if (!GetMenuItemInfoA(hMenu, i, TRUE, &info))
-            continue;
-        std::string strText(info.cch + 1, '\0');
-        info.dwTypeData = &strText[0];
-        info.cch = static_cast<UINT>(strText.size());
-        GetMenuItemInfoA(hMenu, i, TRUE, &info);
-        strText.resize(strlen(strText.c_str()));
-        CMenuItem item = {info.wID, info.fType, info.fState, strText};
-        call.m_items.push_back(item);
-    }
-    if (!m_menuCommands.empty())
-    {
-        call.m_uCommand = m_menuCommands.front();
-        m_menuCommands.pop_front();
-    }
-    m_records.m_popupMenus.push_back(call);
-
-    if (uFlags & TPM_RETURNCMD)
-        return static_cast<BOOL>(call.m_uCommand);
-    if (call.m_uCommand != 0)
-        PostMessageA(hWndOwner, WM_COMMAND, MAKEWPARAM(call.m_uCommand, 0), 0);
-    return TRUE;
 }
 
 void CImportRecorder::AnswerExitProcess(UINT uExitCode)

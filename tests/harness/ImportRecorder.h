@@ -7,16 +7,9 @@
 // test scripted. Calls that do not go through the patched module's imports (GetProcAddress,
 // another module, the system's own internal calls) are not seen.
 //
-//   USER32   MessageBoxA, MessageBoxW, MessageBoxExA, MessageBoxIndirectA: recorded, never
-//            shown; the answer is the next queued reply, or the default reply (IDOK) when the
-//            queue is empty.
-//            MessageBeep: recorded.
-//            TrackPopupMenu, TrackPopupMenuEx: the menu's items are recorded, no menu is
-//            shown; the chosen command is the next queued one, or 0 (menu dismissed). As the
-//            real menu does, the owner first gets WM_INITMENUPOPUP (unless TPM_NONOTIFY); the
-//            command is returned with TPM_RETURNCMD, else posted to the owner as WM_COMMAND.
-//   KERNEL32 Beep: recorded.
-//            GetDiskFreeSpaceExA, GetDiskFreeSpaceA: recorded; the answer is the next queued
+//   USER32   MessageBoxA: recorded, never shown; the answer is the next queued reply, or the
+//            default reply (IDOK) when the queue is empty.
+//   KERNEL32 GetDiskFreeSpaceExA, GetDiskFreeSpaceA: recorded; the answer is the next queued
 //            one, or the default (a formatted 1.44 MB diskette, 1,457,664 bytes, all free).
 //            The old call reports 512-byte sectors, one per cluster.
 //            ExitProcess: records the code, then calls the exit handler (CChildRun sets one in
@@ -43,18 +36,10 @@ public:
     struct CMessageBoxCall
     {
         HWND m_hWndOwner;
-        std::string m_strText;    // UTF-8 for MessageBoxW
-        std::string m_strCaption; // likewise
+        std::string m_strText;
+        std::string m_strCaption;
         UINT m_uType;
         int m_nReply;
-    };
-
-    struct CBeepCall
-    {
-        bool m_bTone;        // Beep (frequency and duration) rather than MessageBeep (type)
-        UINT m_uType;        // MessageBeep
-        DWORD m_dwFrequency; // Beep
-        DWORD m_dwDuration;  // Beep
     };
 
     struct CDiskFreeSpaceCall
@@ -73,29 +58,10 @@ public:
         ULONGLONG m_ullTotalFree;
     };
 
-    struct CMenuItem
-    {
-        UINT m_uId;
-        UINT m_uType;  // MFT_ flags (MFT_SEPARATOR, ...)
-        UINT m_uState; // MFS_ flags (MFS_GRAYED, MFS_CHECKED, ...)
-        std::string m_strText;
-    };
-
-    struct CPopupMenuCall
-    {
-        HWND m_hWndOwner;
-        UINT m_uFlags;
-        int m_x, m_y; // screen coordinates, as passed
-        std::vector<CMenuItem> m_items;
-        UINT m_uCommand; // the scripted choice, 0 when dismissed
-    };
-
     struct CRecords
     {
         std::vector<CMessageBoxCall> m_messageBoxes;
-        std::vector<CBeepCall> m_beeps;
         std::vector<CDiskFreeSpaceCall> m_diskFreeSpaceCalls;
-        std::vector<CPopupMenuCall> m_popupMenus;
         std::vector<UINT> m_exitCodes;
     };
 
@@ -119,7 +85,6 @@ public:
     void PushDiskFreeSpace(ULONGLONG ullAvailable, ULONGLONG ullTotal, ULONGLONG ullTotalFree);
     void PushDiskFreeSpaceFailure(DWORD dwError);
     void SetDefaultDiskFreeSpace(const CDiskFreeSpace& answer);
-    void PushMenuCommand(UINT uCommand);
 
     const CRecords& GetRecords() const { return m_records; }
     void ClearRecords() { m_records = CRecords(); }
@@ -149,7 +114,6 @@ private:
     // The stand-ins share these, one per family of functions.
     int AnswerMessageBox(HWND hWndOwner, std::string strText, std::string strCaption, UINT uType);
     BOOL AnswerDiskFreeSpace(LPCSTR pszRoot, bool bEx, CDiskFreeSpace& answer);
-    BOOL AnswerPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, HWND hWndOwner);
     [[noreturn]] void AnswerExitProcess(UINT uExitCode);
 
     friend struct CStandIns;
@@ -160,6 +124,5 @@ private:
     int m_nDefaultMessageBoxReply;
     std::deque<CDiskFreeSpace> m_diskFreeSpaceAnswers;
     CDiskFreeSpace m_defaultDiskFreeSpace;
-    std::deque<UINT> m_menuCommands;
     PFNEXITHANDLER m_pfnExitHandler;
 };

@@ -55,7 +55,7 @@ public:
     CNotifyRecorder& operator=(const CNotifyRecorder&) = delete;
 
     // Creates the window, a bordered popup without caption, with a client area of cx by cy
-    // pixels at (20, 20) on the screen so that it can be captured (Render.h); hidden unless
+    // pixels at (20, 20) on the screen so that it can be captured (capture/WindowImage.h); hidden unless
     // bVisible, and then shown without being activated (a control that takes the focus
     // activates it). To show it later, use SW_SHOWNOACTIVATE: under Wine without a window
     // manager (Xvfb), hiding or destroying a window that a window manager would manage (one

@@ -2,6 +2,7 @@
 // profile values.
 #include <gtest/gtest.h>
 
+#include "capture/WindowImage.h"
 #include "kelutil/KEL_Util.h"
 
 #include <string.h>
@@ -47,23 +48,10 @@ std::pair<LONG, LRESULT> GetFieldAndValue(HWND hField)
     return std::make_pair(GetWindowLongA(hField, 0), SendMessageA(hField, WM_USER + 1, 0, 0));
 }
 
-// A white 32-bit device-independent bitmap of 120 by 100 pixels, to paint into and read back
-// exactly.
-struct CCanvas
+// A white canvas of 120 by 100 pixels, to paint into and read back exactly.
+struct CCanvas : CWindowImage
 {
-    CCanvas() : m_hdc(CreateCompatibleDC(NULL))
-    {
-        BITMAPINFO bmi = {{sizeof(BITMAPINFOHEADER), 120, -100, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
-        void* pBits = NULL;
-        m_hBitmap = CreateDIBSection(m_hdc, &bmi, DIB_RGB_COLORS, &pBits, NULL, 0);
-        SelectObject(m_hdc, m_hBitmap);
-        PatBlt(m_hdc, 0, 0, 120, 100, WHITENESS);
-    }
-    ~CCanvas() { DeleteDC(m_hdc); DeleteObject(m_hBitmap); }
-    COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hdc, x, y); }
-
-    HDC m_hdc;
-    HBITMAP m_hBitmap;
+    CCanvas() { CreateCanvas(120, 100, WHITE); }
 };
 
 // Children of one shown top-level window, so that they can take the focus, among them a
@@ -203,7 +191,7 @@ TEST_F(CKelUtilTest, ListingEntriesKeepTheirOwnColoursAndArePaintedInThem)
               std::make_tuple(got.crText, got.crBack, read.crText, read.crBack));
     int nHeight = static_cast<int>(Send(LB_GETITEMHEIGHT));
     CCanvas canvas;
-    Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.m_hdc), PRF_CLIENT);
+    Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.GetDC()), PRF_CLIENT);
     const COLORREF rows[] = {first.crBack, own.crBack, selection.crBack, later.crBack};
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(canvas.GetPixel(60, i * nHeight + 1), rows[i]) << "row " << i;
@@ -338,7 +326,7 @@ TEST_F(CKelUtilTest, ButtonFacesDrawGlyphsEdgesTextAndFocusUnlessTheArgumentsAre
     HWND hButton = CreateChild("BUTTON", BS_OWNERDRAW, 1, 60, 30);
     auto paint = [](HWND hWnd, const CCanvas* pCanvas, DWORD dwGlyph, WORD wState, DWORD cbSize = 124) {
         const KEL_BUTTON_PARAMS params = {cbSize, {}, wState, 0, {}, BLACK, GREEN, dwGlyph, 0, {}}; // black on green
-        return PaintButtonEx2(hWnd, pCanvas != NULL ? pCanvas->m_hdc : NULL, &params);
+        return PaintButtonEx2(hWnd, pCanvas != NULL ? pCanvas->GetDC() : NULL, &params);
     };
     const COLORREF crGrey = GetSysColor(COLOR_GRAYTEXT);
     const struct { DWORD dwGlyph; WORD wState; COLORREF crCentre; } cases[] = {
@@ -361,16 +349,13 @@ TEST_F(CKelUtilTest, ButtonFacesDrawGlyphsEdgesTextAndFocusUnlessTheArgumentsAre
     SetWindowTextA(hButton, "WWW");
     paint(hButton, &plain, KEL_GLYPH_TEXT, 0);
     paint(hButton, &focused, KEL_GLYPH_TEXT, ODS_FOCUS);
-    int nTextPixels = 0, nFocusPixels = 0; // inside the edge, which may be black
+    int nFocusPixels = 0; // inside the edge, which may be black
     for (int x = 3; x < 57; ++x)
-    {
-        nTextPixels += plain.GetPixel(x, 15) == BLACK;
         nFocusPixels += plain.GetPixel(x, 4) != focused.GetPixel(x, 4);
-    }
-    EXPECT_GT(nTextPixels, 0);
+    EXPECT_GT(plain.CountPixels(BLACK, RECT{3, 15, 57, 16}), 0);
     EXPECT_GT(nFocusPixels, 0);
 
-    EXPECT_FALSE(PaintButtonEx2(hButton, untouched.m_hdc, NULL));
+    EXPECT_FALSE(PaintButtonEx2(hButton, untouched.GetDC(), NULL));
     EXPECT_FALSE(paint(NULL, &untouched, KEL_GLYPH_PLAY, 0));
     EXPECT_FALSE(paint(hButton, NULL, KEL_GLYPH_PLAY, 0));
     EXPECT_FALSE(paint(hButton, &untouched, KEL_GLYPH_PLAY, 0, 100));

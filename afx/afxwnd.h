@@ -316,6 +316,8 @@ AFX_CORE_API LRESULT AFXAPI AfxProcessWndProcException(CException* e, const MSG*
 // Window procedure of every window with a CWnd attached.
 AFX_CORE_API LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
 AFX_CORE_API LRESULT AFXAPI AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
-// Attaches pWnd to the next window this thread creates, before it receives WM_NCCREATE.
+// Attaches pWnd to the next window this thread creates, before it receives WM_NCCREATE; the
+// thread's creation hook is removed as soon as it has. Call AfxUnhookWindowCreate after the
+// creation: it removes a hook that never ran and returns FALSE when pWnd was not attached.
 AFX_CORE_API void AFXAPI AfxHookWindowCreate(CWnd* pWnd);
 AFX_CORE_API BOOL AFXAPI AfxUnhookWindowCreate();

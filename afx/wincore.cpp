@@ -35,17 +35,29 @@ CAfxHandleMap& WndMap()
 // The message being handled, saved and restored around every call so that nested messages
 // (a handler that sends a message) leave Default() of the outer handler intact.
 thread_local MSG t_lastSentMsg = {};
-
-thread_local CWnd* t_pWndInit = NULL;
 thread_local HWND t_hWndLockout = NULL;
+
+// The object to attach to the next window this thread creates, and the hook that attaches it:
+// installed for one creation only, and removed as soon as the window is attached, so that a
+// window created from that window's own creation messages installs a hook of its own.
+thread_local CWnd* t_pWndInit = NULL;
 thread_local HHOOK t_hHookCbt = NULL;
+
+void UnhookCbt()
+{
+    ::UnhookWindowsHookEx(t_hHookCbt);
+    t_hHookCbt = NULL;
+}
 
 LRESULT CALLBACK AfxCbtFilterHook(int code, WPARAM wParam, LPARAM lParam)
 {
+    HHOOK hHook = t_hHookCbt;
     if (code == HCBT_CREATEWND && t_pWndInit != NULL)
     {
+        // Unhooked before anything else runs, so a window created from here on hooks anew.
         CWnd* pWndInit = t_pWndInit;
         t_pWndInit = NULL;
+        UnhookCbt();
         HWND hWnd = reinterpret_cast<HWND>(wParam);
         pWndInit->Attach(hWnd);
         pWndInit->PreSubclassWindow();
@@ -54,7 +66,7 @@ LRESULT CALLBACK AfxCbtFilterHook(int code, WPARAM wParam, LPARAM lParam)
         if (pfnOld != &AfxWndProc)
             pWndInit->m_pfnSuper = pfnOld;
     }
-    return ::CallNextHookEx(t_hHookCbt, code, wParam, lParam);
+    return ::CallNextHookEx(hHook, code, wParam, lParam);
 }
 
 // Messages whose default handling in the parent offers them to the child control first.
@@ -216,11 +228,13 @@ void AFXAPI AfxHookWindowCreate(CWnd* pWnd)
 {
     if (t_hHookCbt == NULL)
         t_hHookCbt = ::SetWindowsHookExA(WH_CBT, AfxCbtFilterHook, NULL, ::GetCurrentThreadId());
-    t_pWndInit = pWnd;
+    t_pWndInit = t_hHookCbt != NULL ? pWnd : NULL;
 }
 
 BOOL AFXAPI AfxUnhookWindowCreate()
 {
+    if (t_hHookCbt != NULL)
+        UnhookCbt();
     if (t_pWndInit != NULL)
     {
         t_pWndInit = NULL;

@@ -1,6 +1,7 @@
 // CCmdTarget and CWnd: window objects attached to window handles, message maps, subclassing,
 // creation with the object attached before WM_NCCREATE, and message reflection, as in MFC.
-// The library runs on one user-interface thread, so the handle maps are process-wide.
+// The handle maps are per thread (afxhandle.h): a window's object is permanent on the thread
+// that created or attached it.
 #pragma once
 
 #include <commctrl.h>
@@ -75,8 +76,9 @@ public:
     bool operator==(const CWnd& wnd) const { return m_hWnd == wnd.m_hWnd; }
     bool operator!=(const CWnd& wnd) const { return m_hWnd != wnd.m_hWnd; }
 
-    // Handle map. FromHandle makes a temporary object for a window without one; temporary
-    // objects are deleted when the application is idle (DeleteTempMap).
+    // Handle map of the calling thread. FromHandle makes a temporary object for a window without
+    // a permanent one on this thread; temporary objects are deleted when the thread is idle
+    // (DeleteTempMap) and when it ends.
     static CWnd* PASCAL FromHandle(HWND hWnd);
     static CWnd* PASCAL FromHandlePermanent(HWND hWnd);
     static void PASCAL DeleteTempMap();

@@ -14,23 +14,7 @@ int GetYParam(LPARAM lParam)
     return static_cast<short>(HIWORD(lParam));
 }
 
-CObject* NewTempWnd(void* h)
-{
-    CWnd* pWnd = new CWnd;
-    pWnd->m_hWnd = static_cast<HWND>(h);
-    return pWnd;
-}
-
-void ClearTempWnd(CObject* pObject)
-{
-    static_cast<CWnd*>(pObject)->m_hWnd = NULL; // a temporary object never owns its window
-}
-
-CAfxHandleMap& WndMap()
-{
-    static CAfxHandleMap s_map(NewTempWnd, ClearTempWnd);
-    return s_map;
-}
+typedef CHandleMap<CWnd, HWND, &CWnd::m_hWnd> CWndMap;
 
 // The message being handled, saved and restored around every call so that nested messages
 // (a handler that sends a message) leave Default() of the outer handler intact.
@@ -197,28 +181,28 @@ CWnd::~CWnd()
 
 CWnd* PASCAL CWnd::FromHandlePermanent(HWND hWnd)
 {
-    return hWnd == NULL ? NULL : static_cast<CWnd*>(WndMap().LookupPermanent(hWnd));
+    return CWndMap::FromHandlePermanent(hWnd);
 }
 
 CWnd* PASCAL CWnd::FromHandle(HWND hWnd)
 {
-    return static_cast<CWnd*>(WndMap().FromHandle(hWnd));
+    return CWndMap::FromHandle(hWnd);
 }
 
 void PASCAL CWnd::DeleteTempMap()
 {
-    WndMap().DeleteTemp();
+    CWndMap::DeleteTempMap();
 }
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
     // One permanent object per window: its messages can reach only one.
-    return FromHandlePermanent(hWndNew) == NULL && WndMap().Attach(hWndNew, m_hWnd, this);
+    return FromHandlePermanent(hWndNew) == NULL && CWndMap::Attach(this, hWndNew);
 }
 
 HWND CWnd::Detach()
 {
-    return WndMap().Detach(m_hWnd, this);
+    return CWndMap::Detach(this);
 }
 
 // ---------------------------------------------------------------------------------------------

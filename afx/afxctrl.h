@@ -112,7 +112,22 @@ public:
     void SetRectNP(LPCRECT lpRect) { SendMessage(EM_SETRECTNP, 0, (LPARAM)lpRect); }
 };
 
-class AFX_CORE_CLASS CListBox : public CWnd
+// What list boxes and combo boxes share: the owner-draw messages their parent reflects come
+// back as calls of these. Owner-draw lists override them; the defaults draw and measure
+// nothing, keep the system's order (0) and need nothing on deletion.
+class AFX_CORE_CLASS CAfxOwnerDrawList : public CWnd
+{
+public:
+    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+class AFX_CORE_CLASS CListBox : public CAfxOwnerDrawList
 {
     DECLARE_DYNAMIC(CListBox)
 public:
@@ -170,19 +185,9 @@ public:
     void SetTabStops() { SendMessage(LB_SETTABSTOPS); }
     LCID GetLocale() const { return (LCID)SendMessage(LB_GETLOCALE); }
     LCID SetLocale(LCID nNewLocale) { return (LCID)SendMessage(LB_SETLOCALE, (WPARAM)nNewLocale); }
-
-    // Owner-draw list boxes override these. The defaults draw and measure nothing, keep the
-    // system's order (0) and need nothing on deletion.
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
-    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
-    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
-class AFX_CORE_CLASS CComboBox : public CWnd
+class AFX_CORE_CLASS CComboBox : public CAfxOwnerDrawList
 {
     DECLARE_DYNAMIC(CComboBox)
 public:
@@ -238,15 +243,6 @@ public:
     int SetItemHeight(int nIndex, UINT cyItemHeight) { return (int)SendMessage(CB_SETITEMHEIGHT, nIndex, MAKELPARAM(cyItemHeight, 0)); }
     UINT GetHorizontalExtent() const { return (UINT)SendMessage(CB_GETHORIZONTALEXTENT); }
     void SetHorizontalExtent(UINT nExtent) { SendMessage(CB_SETHORIZONTALEXTENT, nExtent); }
-
-    // Owner-draw combo boxes override these; the defaults are those of CListBox.
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
-    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
-    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
 class AFX_CORE_CLASS CScrollBar : public CWnd

@@ -27,32 +27,6 @@ void GetItemString(const CWnd* pWnd, UINT nLenMsg, UINT nTextMsg, int nIndex, CS
     rString.ReleaseBuffer(nCopied < 0 ? 0 : nCopied);
 }
 
-// The owner-draw messages a parent reflects to a list box or combo box.
-template <class TList>
-BOOL ReflectOwnerDraw(TList* pList, UINT message, LPARAM lParam, LRESULT* pResult)
-{
-    LRESULT lResult = TRUE;
-    switch (message)
-    {
-    case WM_DRAWITEM:
-        pList->DrawItem((LPDRAWITEMSTRUCT)lParam);
-        break;
-    case WM_MEASUREITEM:
-        pList->MeasureItem((LPMEASUREITEMSTRUCT)lParam);
-        break;
-    case WM_COMPAREITEM:
-        lResult = pList->CompareItem((LPCOMPAREITEMSTRUCT)lParam);
-        break;
-    case WM_DELETEITEM:
-        pList->DeleteItem((LPDELETEITEMSTRUCT)lParam);
-        break;
-    default:
-        return FALSE;
-    }
-    if (pResult != NULL)
-        *pResult = lResult;
-    return TRUE;
-}
 } // namespace
 
 BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
@@ -159,28 +133,34 @@ UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const
     return LOWORD(dwResult);
 }
 
-void CListBox::DrawItem(LPDRAWITEMSTRUCT)
-{
-}
+void CAfxOwnerDrawList::DrawItem(LPDRAWITEMSTRUCT) {}
+void CAfxOwnerDrawList::MeasureItem(LPMEASUREITEMSTRUCT) {}
+int CAfxOwnerDrawList::CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
+void CAfxOwnerDrawList::DeleteItem(LPDELETEITEMSTRUCT) {}
 
-void CListBox::MeasureItem(LPMEASUREITEMSTRUCT)
+BOOL CAfxOwnerDrawList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-}
-
-int CListBox::CompareItem(LPCOMPAREITEMSTRUCT)
-{
-    return 0;
-}
-
-void CListBox::DeleteItem(LPDELETEITEMSTRUCT)
-{
-}
-
-BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
-{
-    if (ReflectOwnerDraw(this, message, lParam, pResult))
-        return TRUE;
-    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    LRESULT lResult = TRUE;
+    switch (message)
+    {
+    case WM_DRAWITEM:
+        DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
+        break;
+    case WM_MEASUREITEM:
+        MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
+        break;
+    case WM_COMPAREITEM:
+        lResult = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
+        break;
+    case WM_DELETEITEM:
+        DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam));
+        break;
+    default:
+        return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    }
+    if (pResult != NULL)
+        *pResult = lResult;
+    return TRUE;
 }
 
 BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
@@ -191,30 +171,6 @@ BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT n
 void CComboBox::GetLBText(int nIndex, CString& rString) const
 {
     GetItemString(this, CB_GETLBTEXTLEN, CB_GETLBTEXT, nIndex, rString);
-}
-
-void CComboBox::DrawItem(LPDRAWITEMSTRUCT)
-{
-}
-
-void CComboBox::MeasureItem(LPMEASUREITEMSTRUCT)
-{
-}
-
-int CComboBox::CompareItem(LPCOMPAREITEMSTRUCT)
-{
-    return 0;
-}
-
-void CComboBox::DeleteItem(LPDELETEITEMSTRUCT)
-{
-}
-
-BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
-{
-    if (ReflectOwnerDraw(this, message, lParam, pResult))
-        return TRUE;
-    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 BOOL CScrollBar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)

@@ -73,7 +73,7 @@ AFX_CORE_API BOOL AFXAPI AfxPreTranslateMessage(MSG* pMsg);
 AFX_CORE_API void AFXAPI AfxDeleteTempMaps();
 
 AFX_CORE_API int AFXAPI AfxMessageBox(LPCTSTR lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);
-AFX_CORE_API int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = (UINT)-1);
+AFX_CORE_API int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = static_cast<UINT>(-1));
 
 // Module state
 AFX_CORE_API HINSTANCE AFXAPI AfxGetInstanceHandle();

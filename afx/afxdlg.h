@@ -44,7 +44,7 @@ public:
     void PrevDlgCtrl() const { SendMessage(WM_NEXTDLGCTL, 1, 0); }
     void SetDefID(UINT nID) { SendMessage(DM_SETDEFID, nID); }
     // The default button's identifier in the low word, DC_HASDEFID in the high word.
-    DWORD GetDefID() const { return (DWORD)SendMessage(DM_GETDEFID); }
+    DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
     void MapDialogRect(LPRECT lpRect) const { ::MapDialogRect(m_hWnd, lpRect); }
 
     // Gives the dialog manager the keyboard and mouse messages of the dialog and its controls.

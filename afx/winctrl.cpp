@@ -16,14 +16,14 @@ namespace
 // the item data in place of the text, so the buffer has room for it whatever the length says.
 void GetItemString(const CWnd* pWnd, UINT nLenMsg, UINT nTextMsg, int nIndex, CString& rString)
 {
-    int nLen = (int)pWnd->SendMessage(nLenMsg, nIndex);
+    int nLen = static_cast<int>(pWnd->SendMessage(nLenMsg, nIndex));
     if (nLen < 0)
     {
         rString.Empty();
         return;
     }
-    LPTSTR lpsz = rString.GetBuffer(nLen + (int)sizeof(ULONG_PTR));
-    int nCopied = (int)pWnd->SendMessage(nTextMsg, nIndex, (LPARAM)lpsz);
+    LPTSTR lpsz = rString.GetBuffer(nLen + static_cast<int>(sizeof(ULONG_PTR)));
+    int nCopied = static_cast<int>(pWnd->SendMessage(nTextMsg, nIndex, reinterpret_cast<LPARAM>(lpsz)));
     rString.ReleaseBuffer(nCopied < 0 ? 0 : nCopied);
 }
 
@@ -47,7 +47,7 @@ BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT*
 {
     if (message != WM_DRAWITEM)
         return CWnd::OnChildNotify(message, wParam, lParam, pResult);
-    DrawItem((LPDRAWITEMSTRUCT)lParam);
+    DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
     if (pResult != NULL)
         *pResult = TRUE;
     return TRUE;
@@ -61,14 +61,14 @@ BOOL CEdit::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 void CEdit::GetSel(int& nStartChar, int& nEndChar) const
 {
     DWORD dwStart = 0, dwEnd = 0;
-    SendMessage(EM_GETSEL, (WPARAM)&dwStart, (LPARAM)&dwEnd);
-    nStartChar = (int)dwStart;
-    nEndChar = (int)dwEnd;
+    SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&dwStart), reinterpret_cast<LPARAM>(&dwEnd));
+    nStartChar = static_cast<int>(dwStart);
+    nEndChar = static_cast<int>(dwEnd);
 }
 
 void CEdit::SetSel(DWORD dwSelection, BOOL bNoScroll)
 {
-    SetSel((int)LOWORD(dwSelection), (int)HIWORD(dwSelection), bNoScroll);
+    SetSel(static_cast<int>(LOWORD(dwSelection)), static_cast<int>(HIWORD(dwSelection)), bNoScroll);
 }
 
 void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
@@ -81,7 +81,7 @@ void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
 CPoint CEdit::PosFromChar(UINT nChar) const
 {
     LRESULT lPos = SendMessage(EM_POSFROMCHAR, nChar);
-    return CPoint((short)LOWORD(lPos), (short)HIWORD(lPos));
+    return CPoint(static_cast<short>(LOWORD(lPos)), static_cast<short>(HIWORD(lPos)));
 }
 
 int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const
@@ -91,10 +91,10 @@ int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const
     // EM_GETLINE reads the buffer size from the buffer's first word, which a one-character
     // buffer cannot hold: such a line goes through a buffer of our own.
     TCHAR szShort[sizeof(WORD)];
-    LPTSTR lpszTarget = nMaxLength < (int)sizeof(WORD) ? szShort : lpszBuffer;
-    WORD wSize = (WORD)(nMaxLength < 0xFFFF ? nMaxLength : 0xFFFF);
+    LPTSTR lpszTarget = nMaxLength < static_cast<int>(sizeof(WORD)) ? szShort : lpszBuffer;
+    WORD wSize = static_cast<WORD>(nMaxLength < 0xFFFF ? nMaxLength : 0xFFFF);
     memcpy(lpszTarget, &wSize, sizeof(wSize));
-    int nCopied = (int)SendMessage(EM_GETLINE, nIndex, (LPARAM)lpszTarget);
+    int nCopied = static_cast<int>(SendMessage(EM_GETLINE, nIndex, reinterpret_cast<LPARAM>(lpszTarget)));
     if (lpszTarget != lpszBuffer && nCopied > 0)
         lpszBuffer[0] = szShort[0];
     return nCopied;
@@ -119,16 +119,16 @@ int CListBox::SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem)
         nLastItem = nSwap;
     }
     if (bSelect)
-        return (int)SendMessage(LB_SELITEMRANGEEX, nFirstItem, nLastItem);
+        return static_cast<int>(SendMessage(LB_SELITEMRANGEEX, nFirstItem, nLastItem));
     // LB_SELITEMRANGEEX deselects only with the range given backwards, which one item cannot be.
     if (nFirstItem == nLastItem)
         return SetSel(nFirstItem, FALSE);
-    return (int)SendMessage(LB_SELITEMRANGEEX, nLastItem, nFirstItem);
+    return static_cast<int>(SendMessage(LB_SELITEMRANGEEX, nLastItem, nFirstItem));
 }
 
 UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const
 {
-    DWORD dwResult = (DWORD)SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y));
+    DWORD dwResult = static_cast<DWORD>(SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y)));
     bOutside = HIWORD(dwResult) != 0;
     return LOWORD(dwResult);
 }
@@ -198,6 +198,6 @@ int CScrollBar::GetScrollLimit()
     GetScrollRange(&nMin, &nMax);
     SCROLLINFO info;
     if (GetScrollInfo(&info, SIF_PAGE) && info.nPage > 1)
-        nMax -= (int)(info.nPage - 1);
+        nMax -= static_cast<int>(info.nPage - 1);
     return nMax;
 }

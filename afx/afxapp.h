@@ -68,11 +68,12 @@ AFX_CORE_API int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance,
 // One turn of the message loop: TRUE unless WM_QUIT arrived.
 AFX_CORE_API BOOL AFXAPI AfxPumpMessage();
 AFX_CORE_API BOOL AFXAPI AfxPreTranslateMessage(MSG* pMsg);
-// Deletes the temporary window, device-context, GDI-object, menu and image-list objects.
+// Deletes the calling thread's temporary window, device-context, GDI-object, menu and
+// image-list objects.
 AFX_CORE_API void AFXAPI AfxDeleteTempMaps();
 
 AFX_CORE_API int AFXAPI AfxMessageBox(LPCTSTR lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);
-AFX_CORE_API int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = (UINT)-1);
+AFX_CORE_API int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = static_cast<UINT>(-1));
 
 // Module state
 AFX_CORE_API HINSTANCE AFXAPI AfxGetInstanceHandle();

@@ -36,23 +36,23 @@ public:
     BOOL Create(LPCTSTR lpszBitmapID, int cx, int nGrow, COLORREF crMask);
     BOOL DeleteImageList();
 
-    int GetImageCount() const { return ImageList_GetImageCount(m_hImageList); }
+    int GetImageCount() const { ASSERT(m_hImageList != NULL); return ImageList_GetImageCount(m_hImageList); }
     BOOL GetImageInfo(int nImage, IMAGEINFO* pImageInfo) const
     {
         return ImageList_GetImageInfo(m_hImageList, nImage, pImageInfo);
     }
-    COLORREF SetBkColor(COLORREF cr) { return ImageList_SetBkColor(m_hImageList, cr); }
-    COLORREF GetBkColor() const { return ImageList_GetBkColor(m_hImageList); }
+    COLORREF SetBkColor(COLORREF cr) { ASSERT(m_hImageList != NULL); return ImageList_SetBkColor(m_hImageList, cr); }
+    COLORREF GetBkColor() const { ASSERT(m_hImageList != NULL); return ImageList_GetBkColor(m_hImageList); }
 
     // Each Add returns the index of the first new image, or -1.
     int Add(CBitmap* pbmImage, CBitmap* pbmMask);
     int Add(CBitmap* pbmImage, COLORREF crMask);
-    int Add(HICON hIcon) { return ImageList_ReplaceIcon(m_hImageList, -1, hIcon); }
+    int Add(HICON hIcon) { ASSERT(m_hImageList != NULL); return ImageList_ReplaceIcon(m_hImageList, -1, hIcon); }
     BOOL Replace(int nImage, CBitmap* pbmImage, CBitmap* pbmMask);
     // Returns the index of the image, or -1.
-    int Replace(int nImage, HICON hIcon) { return ImageList_ReplaceIcon(m_hImageList, nImage, hIcon); }
+    int Replace(int nImage, HICON hIcon) { ASSERT(m_hImageList != NULL); return ImageList_ReplaceIcon(m_hImageList, nImage, hIcon); }
     // nImage -1 removes every image.
-    BOOL Remove(int nImage) { return ImageList_Remove(m_hImageList, nImage); }
+    BOOL Remove(int nImage) { ASSERT(m_hImageList != NULL); return ImageList_Remove(m_hImageList, nImage); }
     // nStyle: the ILD_ flags.
     BOOL Draw(CDC* pDC, int nImage, POINT pt, UINT nStyle);
 };
@@ -66,7 +66,7 @@ public:
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
-    int GetItemCount() const { return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
+    int GetItemCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
     BOOL GetItemRect(int nIndex, LPRECT lpRect) const
     {
         return static_cast<BOOL>(SendMessage(HDM_GETITEMRECT, nIndex, reinterpret_cast<LPARAM>(lpRect)));
@@ -84,7 +84,7 @@ public:
     {
         return static_cast<int>(SendMessage(HDM_INSERTITEMA, nPos, reinterpret_cast<LPARAM>(phdi)));
     }
-    BOOL DeleteItem(int nPos) { return static_cast<BOOL>(SendMessage(HDM_DELETEITEM, nPos)); }
+    BOOL DeleteItem(int nPos) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(HDM_DELETEITEM, nPos)); }
     BOOL Layout(HDLAYOUT* pHeaderLayout)
     {
         return static_cast<BOOL>(SendMessage(HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(pHeaderLayout)));
@@ -109,7 +109,7 @@ public:
     // nWidth -1 leaves the width unset; nSubItem -1 leaves the column's sub-item unset.
     int InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat = LVCFMT_LEFT, int nWidth = -1,
                      int nSubItem = -1);
-    BOOL DeleteColumn(int nCol) { return static_cast<BOOL>(SendMessage(LVM_DELETECOLUMN, nCol)); }
+    BOOL DeleteColumn(int nCol) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_DELETECOLUMN, nCol)); }
     BOOL GetColumn(int nCol, LVCOLUMN* pColumn) const
     {
         return static_cast<BOOL>(SendMessage(LVM_GETCOLUMNA, nCol, reinterpret_cast<LPARAM>(pColumn)));
@@ -118,7 +118,7 @@ public:
     {
         return static_cast<BOOL>(SendMessage(LVM_SETCOLUMNA, nCol, reinterpret_cast<LPARAM>(pColumn)));
     }
-    int GetColumnWidth(int nCol) const { return static_cast<int>(SendMessage(LVM_GETCOLUMNWIDTH, nCol)); }
+    int GetColumnWidth(int nCol) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETCOLUMNWIDTH, nCol)); }
     BOOL SetColumnWidth(int nCol, int cx)
     {
         return static_cast<BOOL>(SendMessage(LVM_SETCOLUMNWIDTH, nCol, MAKELPARAM(cx, 0)));
@@ -135,8 +135,8 @@ public:
         return InsertItem(LVIF_TEXT | LVIF_IMAGE, nItem, lpszItem, 0, 0, nImage, 0);
     }
     int InsertItem(UINT nMask, int nItem, LPCTSTR lpszItem, UINT nState, UINT nStateMask, int nImage, LPARAM lParam);
-    BOOL DeleteItem(int nItem) { return static_cast<BOOL>(SendMessage(LVM_DELETEITEM, nItem)); }
-    BOOL DeleteAllItems() { return static_cast<BOOL>(SendMessage(LVM_DELETEALLITEMS)); }
+    BOOL DeleteItem(int nItem) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_DELETEITEM, nItem)); }
+    BOOL DeleteAllItems() { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_DELETEALLITEMS)); }
     BOOL GetItem(LVITEM* pItem) const
     {
         return static_cast<BOOL>(SendMessage(LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(pItem)));
@@ -161,11 +161,11 @@ public:
     {
         return static_cast<BOOL>(SendMessage(LVM_SETITEMSTATE, nItem, reinterpret_cast<LPARAM>(pItem)));
     }
-    UINT GetItemState(int nItem, UINT nMask) const { return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, nItem, nMask)); }
-    int GetItemCount() const { return static_cast<int>(SendMessage(LVM_GETITEMCOUNT)); }
+    UINT GetItemState(int nItem, UINT nMask) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, nItem, nMask)); }
+    int GetItemCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETITEMCOUNT)); }
     // For an owner-data list (LVS_OWNERDATA) this is the number of items it shows; other lists
     // only reserve room.
-    void SetItemCount(int nItems) { SendMessage(LVM_SETITEMCOUNT, nItems); }
+    void SetItemCount(int nItems) { ASSERT(::IsWindow(m_hWnd)); SendMessage(LVM_SETITEMCOUNT, nItems); }
     void SetItemCountEx(int iCount, DWORD dwFlags = LVSICF_NOINVALIDATEALL)
     {
         SendMessage(LVM_SETITEMCOUNT, iCount, dwFlags);
@@ -179,7 +179,7 @@ public:
     // Walks the selected items: NULL when none (is left).
     POSITION GetFirstSelectedItemPosition() const;
     int GetNextSelectedItem(POSITION& pos) const;
-    UINT GetSelectedCount() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
+    UINT GetSelectedCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
 
     // Geometry. nCode/nArea: LVIR_BOUNDS, LVIR_ICON, LVIR_LABEL, LVIR_SELECTBOUNDS.
     BOOL GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const;
@@ -189,16 +189,16 @@ public:
     {
         return static_cast<BOOL>(SendMessage(LVM_GETVIEWRECT, 0, reinterpret_cast<LPARAM>(lpRect)));
     }
-    int GetTopIndex() const { return static_cast<int>(SendMessage(LVM_GETTOPINDEX)); }
-    int GetCountPerPage() const { return static_cast<int>(SendMessage(LVM_GETCOUNTPERPAGE)); }
+    int GetTopIndex() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETTOPINDEX)); }
+    int GetCountPerPage() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETCOUNTPERPAGE)); }
     BOOL EnsureVisible(int nItem, BOOL bPartialOK)
     {
         return static_cast<BOOL>(SendMessage(LVM_ENSUREVISIBLE, nItem, MAKELPARAM(bPartialOK, 0)));
     }
     // In report view size.cx is in pixels and size.cy rounds to whole lines.
-    BOOL Scroll(CSize size) { return static_cast<BOOL>(SendMessage(LVM_SCROLL, size.cx, size.cy)); }
-    BOOL RedrawItems(int nFirst, int nLast) { return static_cast<BOOL>(SendMessage(LVM_REDRAWITEMS, nFirst, nLast)); }
-    BOOL Update(int nItem) { return static_cast<BOOL>(SendMessage(LVM_UPDATE, nItem)); }
+    BOOL Scroll(CSize size) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_SCROLL, size.cx, size.cy)); }
+    BOOL RedrawItems(int nFirst, int nLast) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_REDRAWITEMS, nFirst, nLast)); }
+    BOOL Update(int nItem) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_UPDATE, nItem)); }
 
     // Hit testing: the item under the point (client coordinates), or -1.
     int HitTest(CPoint pt, UINT* pFlags = NULL) const;
@@ -221,13 +221,13 @@ public:
     {
         return static_cast<DWORD>(SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, dwNewStyle));
     }
-    DWORD GetExtendedStyle() const { return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE)); }
-    COLORREF GetBkColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETBKCOLOR)); }
-    BOOL SetBkColor(COLORREF cr) { return static_cast<BOOL>(SendMessage(LVM_SETBKCOLOR, 0, cr)); }
-    COLORREF GetTextColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETTEXTCOLOR)); }
-    BOOL SetTextColor(COLORREF cr) { return static_cast<BOOL>(SendMessage(LVM_SETTEXTCOLOR, 0, cr)); }
-    COLORREF GetTextBkColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETTEXTBKCOLOR)); }
-    BOOL SetTextBkColor(COLORREF cr) { return static_cast<BOOL>(SendMessage(LVM_SETTEXTBKCOLOR, 0, cr)); }
+    DWORD GetExtendedStyle() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE)); }
+    COLORREF GetBkColor() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<COLORREF>(SendMessage(LVM_GETBKCOLOR)); }
+    BOOL SetBkColor(COLORREF cr) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_SETBKCOLOR, 0, cr)); }
+    COLORREF GetTextColor() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<COLORREF>(SendMessage(LVM_GETTEXTCOLOR)); }
+    BOOL SetTextColor(COLORREF cr) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_SETTEXTCOLOR, 0, cr)); }
+    COLORREF GetTextBkColor() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<COLORREF>(SendMessage(LVM_GETTEXTBKCOLOR)); }
+    BOOL SetTextBkColor(COLORREF cr) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_SETTEXTBKCOLOR, 0, cr)); }
 
     // The list's own header (report view), or NULL. The object stays valid while the list
     // object lives; a header subclassed by a CHeaderCtrl of the caller is returned as that.
@@ -260,20 +260,20 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
     // The range is 0 to 100 until set; SetRange takes 16-bit limits, SetRange32 32-bit ones.
-    void SetRange(short nLower, short nUpper) { SendMessage(PBM_SETRANGE, 0, MAKELPARAM(nLower, nUpper)); }
-    void SetRange32(int nLower, int nUpper) { SendMessage(PBM_SETRANGE32, nLower, nUpper); }
+    void SetRange(short nLower, short nUpper) { ASSERT(::IsWindow(m_hWnd)); SendMessage(PBM_SETRANGE, 0, MAKELPARAM(nLower, nUpper)); }
+    void SetRange32(int nLower, int nUpper) { ASSERT(::IsWindow(m_hWnd)); SendMessage(PBM_SETRANGE32, nLower, nUpper); }
     void GetRange(int& nLower, int& nUpper) const;
     // SetPos, OffsetPos and StepIt return the previous position; positions are kept in the range.
-    int SetPos(int nPos) { return static_cast<int>(SendMessage(PBM_SETPOS, nPos)); }
-    int GetPos() const { return static_cast<int>(SendMessage(PBM_GETPOS)); }
-    int OffsetPos(int nPos) { return static_cast<int>(SendMessage(PBM_DELTAPOS, nPos)); }
+    int SetPos(int nPos) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(PBM_SETPOS, nPos)); }
+    int GetPos() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(PBM_GETPOS)); }
+    int OffsetPos(int nPos) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(PBM_DELTAPOS, nPos)); }
     // Returns the previous step (10 until set).
-    int SetStep(int nStep) { return static_cast<int>(SendMessage(PBM_SETSTEP, nStep)); }
+    int SetStep(int nStep) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(PBM_SETSTEP, nStep)); }
     // A step past the upper limit starts again from the lower one.
-    int StepIt() { return static_cast<int>(SendMessage(PBM_STEPIT)); }
+    int StepIt() { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(PBM_STEPIT)); }
     // Both return the previous colour (CLR_DEFAULT for the system's).
-    COLORREF SetBarColor(COLORREF clrBar) { return static_cast<COLORREF>(SendMessage(PBM_SETBARCOLOR, 0, clrBar)); }
-    COLORREF SetBkColor(COLORREF clrNew) { return static_cast<COLORREF>(SendMessage(PBM_SETBKCOLOR, 0, clrNew)); }
+    COLORREF SetBarColor(COLORREF clrBar) { ASSERT(::IsWindow(m_hWnd)); return static_cast<COLORREF>(SendMessage(PBM_SETBARCOLOR, 0, clrBar)); }
+    COLORREF SetBkColor(COLORREF clrNew) { ASSERT(::IsWindow(m_hWnd)); return static_cast<COLORREF>(SendMessage(PBM_SETBKCOLOR, 0, clrNew)); }
 };
 
 // Tooltips for windows (nIDTool 0: the tool is the window pWnd itself) or for rectangles of a
@@ -294,19 +294,19 @@ public:
     BOOL AddTool(CWnd* pWnd, LPCTSTR lpszText = LPSTR_TEXTCALLBACKA, LPCRECT lpRectTool = NULL, UINT_PTR nIDTool = 0);
     BOOL AddTool(CWnd* pWnd, UINT nIDText, LPCRECT lpRectTool = NULL, UINT_PTR nIDTool = 0);
     void DelTool(CWnd* pWnd, UINT_PTR nIDTool = 0);
-    void Activate(BOOL bActivate) { SendMessage(TTM_ACTIVATE, bActivate); }
+    void Activate(BOOL bActivate) { ASSERT(::IsWindow(m_hWnd)); SendMessage(TTM_ACTIVATE, bActivate); }
     void UpdateTipText(LPCTSTR lpszText, CWnd* pWnd, UINT_PTR nIDTool = 0);
     void UpdateTipText(UINT nIDText, CWnd* pWnd, UINT_PTR nIDTool = 0);
     void SetToolRect(CWnd* pWnd, UINT_PTR nIDTool, LPCRECT lpRect);
     // Returns the previous maximum width (-1 for none): wider texts break into lines.
-    int SetMaxTipWidth(int iWidth) { return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, iWidth)); }
+    int SetMaxTipWidth(int iWidth) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, iWidth)); }
     // The automatic delays, derived from one time in milliseconds, or one delay (TTDT_INITIAL,
     // TTDT_AUTOPOP, TTDT_RESHOW).
-    void SetDelayTime(UINT nDelay) { SendMessage(TTM_SETDELAYTIME, TTDT_AUTOMATIC, nDelay); }
-    void SetDelayTime(DWORD dwDuration, int iTime) { SendMessage(TTM_SETDELAYTIME, dwDuration, MAKELPARAM(iTime, 0)); }
-    int GetDelayTime(DWORD dwDuration) const { return static_cast<int>(SendMessage(TTM_GETDELAYTIME, dwDuration)); }
-    int GetToolCount() const { return static_cast<int>(SendMessage(TTM_GETTOOLCOUNT)); }
-    void RelayEvent(LPMSG lpMsg) { SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(lpMsg)); }
+    void SetDelayTime(UINT nDelay) { ASSERT(::IsWindow(m_hWnd)); SendMessage(TTM_SETDELAYTIME, TTDT_AUTOMATIC, nDelay); }
+    void SetDelayTime(DWORD dwDuration, int iTime) { ASSERT(::IsWindow(m_hWnd)); SendMessage(TTM_SETDELAYTIME, dwDuration, MAKELPARAM(iTime, 0)); }
+    int GetDelayTime(DWORD dwDuration) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(TTM_GETDELAYTIME, dwDuration)); }
+    int GetToolCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(TTM_GETTOOLCOUNT)); }
+    void RelayEvent(LPMSG lpMsg) { ASSERT(::IsWindow(m_hWnd)); SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(lpMsg)); }
     // The tool's text (up to INFOTIPSIZE characters); empty for no such tool.
     void GetText(CString& str, CWnd* pWnd, UINT_PTR nIDTool = 0) const;
 

@@ -15,14 +15,14 @@ public:
 
     BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xffff);
 
-    HICON SetIcon(HICON hIcon) { return (HICON)SendMessage(STM_SETICON, (WPARAM)hIcon); }
-    HICON GetIcon() const { return (HICON)SendMessage(STM_GETICON); }
-    HBITMAP SetBitmap(HBITMAP hBitmap) { return (HBITMAP)SendMessage(STM_SETIMAGE, IMAGE_BITMAP, (LPARAM)hBitmap); }
-    HBITMAP GetBitmap() const { return (HBITMAP)SendMessage(STM_GETIMAGE, IMAGE_BITMAP); }
-    HCURSOR SetCursor(HCURSOR hCursor) { return (HCURSOR)SendMessage(STM_SETIMAGE, IMAGE_CURSOR, (LPARAM)hCursor); }
-    HCURSOR GetCursor() const { return (HCURSOR)SendMessage(STM_GETIMAGE, IMAGE_CURSOR); }
-    HENHMETAFILE SetEnhMetaFile(HENHMETAFILE hMetaFile) { return (HENHMETAFILE)SendMessage(STM_SETIMAGE, IMAGE_ENHMETAFILE, (LPARAM)hMetaFile); }
-    HENHMETAFILE GetEnhMetaFile() const { return (HENHMETAFILE)SendMessage(STM_GETIMAGE, IMAGE_ENHMETAFILE); }
+    HICON SetIcon(HICON hIcon) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HICON>(SendMessage(STM_SETICON, reinterpret_cast<WPARAM>(hIcon))); }
+    HICON GetIcon() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HICON>(SendMessage(STM_GETICON)); }
+    HBITMAP SetBitmap(HBITMAP hBitmap) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HBITMAP>(SendMessage(STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(hBitmap))); }
+    HBITMAP GetBitmap() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HBITMAP>(SendMessage(STM_GETIMAGE, IMAGE_BITMAP)); }
+    HCURSOR SetCursor(HCURSOR hCursor) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HCURSOR>(SendMessage(STM_SETIMAGE, IMAGE_CURSOR, reinterpret_cast<LPARAM>(hCursor))); }
+    HCURSOR GetCursor() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HCURSOR>(SendMessage(STM_GETIMAGE, IMAGE_CURSOR)); }
+    HENHMETAFILE SetEnhMetaFile(HENHMETAFILE hMetaFile) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HENHMETAFILE>(SendMessage(STM_SETIMAGE, IMAGE_ENHMETAFILE, reinterpret_cast<LPARAM>(hMetaFile))); }
+    HENHMETAFILE GetEnhMetaFile() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HENHMETAFILE>(SendMessage(STM_GETIMAGE, IMAGE_ENHMETAFILE)); }
 };
 
 class AFX_CORE_CLASS CButton : public CWnd
@@ -33,19 +33,19 @@ public:
 
     BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
-    UINT GetState() const { return (UINT)SendMessage(BM_GETSTATE); }
-    void SetState(BOOL bHighlight) { SendMessage(BM_SETSTATE, bHighlight); }
-    int GetCheck() const { return (int)SendMessage(BM_GETCHECK); }
-    void SetCheck(int nCheck) { SendMessage(BM_SETCHECK, nCheck); }
+    UINT GetState() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<UINT>(SendMessage(BM_GETSTATE)); }
+    void SetState(BOOL bHighlight) { ASSERT(::IsWindow(m_hWnd)); SendMessage(BM_SETSTATE, bHighlight); }
+    int GetCheck() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(BM_GETCHECK)); }
+    void SetCheck(int nCheck) { ASSERT(::IsWindow(m_hWnd)); SendMessage(BM_SETCHECK, nCheck); }
     // The BS_ type in the low byte of the style, as the system keeps it.
-    UINT GetButtonStyle() const { return (UINT)GetStyle() & 0xff; }
-    void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { SendMessage(BM_SETSTYLE, nStyle, bRedraw); }
-    HICON SetIcon(HICON hIcon) { return (HICON)SendMessage(BM_SETIMAGE, IMAGE_ICON, (LPARAM)hIcon); }
-    HICON GetIcon() const { return (HICON)SendMessage(BM_GETIMAGE, IMAGE_ICON); }
-    HBITMAP SetBitmap(HBITMAP hBitmap) { return (HBITMAP)SendMessage(BM_SETIMAGE, IMAGE_BITMAP, (LPARAM)hBitmap); }
-    HBITMAP GetBitmap() const { return (HBITMAP)SendMessage(BM_GETIMAGE, IMAGE_BITMAP); }
-    HCURSOR SetCursor(HCURSOR hCursor) { return (HCURSOR)SendMessage(BM_SETIMAGE, IMAGE_CURSOR, (LPARAM)hCursor); }
-    HCURSOR GetCursor() const { return (HCURSOR)SendMessage(BM_GETIMAGE, IMAGE_CURSOR); }
+    UINT GetButtonStyle() const { return static_cast<UINT>(GetStyle()) & 0xff; }
+    void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { ASSERT(::IsWindow(m_hWnd)); SendMessage(BM_SETSTYLE, nStyle, bRedraw); }
+    HICON SetIcon(HICON hIcon) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HICON>(SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(hIcon))); }
+    HICON GetIcon() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HICON>(SendMessage(BM_GETIMAGE, IMAGE_ICON)); }
+    HBITMAP SetBitmap(HBITMAP hBitmap) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HBITMAP>(SendMessage(BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(hBitmap))); }
+    HBITMAP GetBitmap() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HBITMAP>(SendMessage(BM_GETIMAGE, IMAGE_BITMAP)); }
+    HCURSOR SetCursor(HCURSOR hCursor) { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HCURSOR>(SendMessage(BM_SETIMAGE, IMAGE_CURSOR, reinterpret_cast<LPARAM>(hCursor))); }
+    HCURSOR GetCursor() const { ASSERT(::IsWindow(m_hWnd)); return reinterpret_cast<HCURSOR>(SendMessage(BM_GETIMAGE, IMAGE_CURSOR)); }
 
     // Owner-draw buttons (BS_OWNERDRAW) override this; the default draws nothing.
     virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
@@ -63,56 +63,71 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
     // Selection: start in the low word, end in the high word.
-    DWORD GetSel() const { return (DWORD)SendMessage(EM_GETSEL); }
+    DWORD GetSel() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD>(SendMessage(EM_GETSEL)); }
     void GetSel(int& nStartChar, int& nEndChar) const;
     void SetSel(DWORD dwSelection, BOOL bNoScroll = FALSE);
     void SetSel(int nStartChar, int nEndChar, BOOL bNoScroll = FALSE);
-    void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE) { SendMessage(EM_REPLACESEL, bCanUndo, (LPARAM)lpszNewText); }
+    void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_REPLACESEL, bCanUndo, reinterpret_cast<LPARAM>(lpszNewText)); }
 
-    void LimitText(int nChars = 0) { SendMessage(EM_LIMITTEXT, nChars); }
-    void SetLimitText(UINT nMax) { SendMessage(EM_SETLIMITTEXT, nMax); }
-    UINT GetLimitText() const { return (UINT)SendMessage(EM_GETLIMITTEXT); }
+    void LimitText(int nChars = 0) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_LIMITTEXT, nChars); }
+    void SetLimitText(UINT nMax) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETLIMITTEXT, nMax); }
+    UINT GetLimitText() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<UINT>(SendMessage(EM_GETLIMITTEXT)); }
 
     // The character index in the low word and the line in the high word, as the system answers.
-    int CharFromPos(CPoint pt) const { return (int)SendMessage(EM_CHARFROMPOS, 0, MAKELPARAM(pt.x, pt.y)); }
+    int CharFromPos(CPoint pt) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_CHARFROMPOS, 0, MAKELPARAM(pt.x, pt.y))); }
     CPoint PosFromChar(UINT nChar) const;
-    int LineFromChar(int nIndex = -1) const { return (int)SendMessage(EM_LINEFROMCHAR, nIndex); }
-    int LineIndex(int nLine = -1) const { return (int)SendMessage(EM_LINEINDEX, nLine); }
-    int LineLength(int nLine = -1) const { return (int)SendMessage(EM_LINELENGTH, nLine); }
-    int GetLineCount() const { return (int)SendMessage(EM_GETLINECOUNT); }
-    int GetFirstVisibleLine() const { return (int)SendMessage(EM_GETFIRSTVISIBLELINE); }
-    void LineScroll(int nLines, int nChars = 0) { SendMessage(EM_LINESCROLL, nChars, nLines); }
+    int LineFromChar(int nIndex = -1) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_LINEFROMCHAR, nIndex)); }
+    int LineIndex(int nLine = -1) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_LINEINDEX, nLine)); }
+    int LineLength(int nLine = -1) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_LINELENGTH, nLine)); }
+    int GetLineCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_GETLINECOUNT)); }
+    int GetFirstVisibleLine() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_GETFIRSTVISIBLELINE)); }
+    void LineScroll(int nLines, int nChars = 0) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_LINESCROLL, nChars, nLines); }
     // The caller's buffer holds its own size in its first word, as EM_GETLINE expects; the
     // text is not terminated.
-    int GetLine(int nIndex, LPTSTR lpszBuffer) const { return (int)SendMessage(EM_GETLINE, nIndex, (LPARAM)lpszBuffer); }
+    int GetLine(int nIndex, LPTSTR lpszBuffer) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(EM_GETLINE, nIndex, reinterpret_cast<LPARAM>(lpszBuffer))); }
     int GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const;
 
-    BOOL CanUndo() const { return (BOOL)SendMessage(EM_CANUNDO); }
-    BOOL Undo() { return (BOOL)SendMessage(EM_UNDO); }
-    void EmptyUndoBuffer() { SendMessage(EM_EMPTYUNDOBUFFER); }
-    void Cut() { SendMessage(WM_CUT); }
-    void Copy() { SendMessage(WM_COPY); }
-    void Paste() { SendMessage(WM_PASTE); }
-    void Clear() { SendMessage(WM_CLEAR); }
+    BOOL CanUndo() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_CANUNDO)); }
+    BOOL Undo() { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_UNDO)); }
+    void EmptyUndoBuffer() { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_EMPTYUNDOBUFFER); }
+    void Cut() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_CUT); }
+    void Copy() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_COPY); }
+    void Paste() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_PASTE); }
+    void Clear() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_CLEAR); }
 
-    BOOL SetReadOnly(BOOL bReadOnly = TRUE) { return (BOOL)SendMessage(EM_SETREADONLY, bReadOnly); }
-    BOOL GetModify() const { return (BOOL)SendMessage(EM_GETMODIFY); }
-    void SetModify(BOOL bModified = TRUE) { SendMessage(EM_SETMODIFY, bModified); }
-    void SetPasswordChar(TCHAR ch) { SendMessage(EM_SETPASSWORDCHAR, (BYTE)ch); }
-    TCHAR GetPasswordChar() const { return (TCHAR)SendMessage(EM_GETPASSWORDCHAR); }
-    BOOL FmtLines(BOOL bAddEOL) { return (BOOL)SendMessage(EM_FMTLINES, bAddEOL); }
-    BOOL SetTabStops(int nTabStops, LPINT rgTabStops) { return (BOOL)SendMessage(EM_SETTABSTOPS, nTabStops, (LPARAM)rgTabStops); }
-    BOOL SetTabStops(const int& cxEachStop) { return (BOOL)SendMessage(EM_SETTABSTOPS, 1, (LPARAM)&cxEachStop); }
-    void SetTabStops() { SendMessage(EM_SETTABSTOPS); }
+    BOOL SetReadOnly(BOOL bReadOnly = TRUE) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_SETREADONLY, bReadOnly)); }
+    BOOL GetModify() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_GETMODIFY)); }
+    void SetModify(BOOL bModified = TRUE) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETMODIFY, bModified); }
+    void SetPasswordChar(TCHAR ch) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETPASSWORDCHAR, static_cast<BYTE>(ch)); }
+    TCHAR GetPasswordChar() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<TCHAR>(SendMessage(EM_GETPASSWORDCHAR)); }
+    BOOL FmtLines(BOOL bAddEOL) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_FMTLINES, bAddEOL)); }
+    BOOL SetTabStops(int nTabStops, LPINT rgTabStops) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_SETTABSTOPS, nTabStops, reinterpret_cast<LPARAM>(rgTabStops))); }
+    BOOL SetTabStops(const int& cxEachStop) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&cxEachStop))); }
+    void SetTabStops() { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETTABSTOPS); }
 
-    void SetMargins(UINT nLeft, UINT nRight) { SendMessage(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(nLeft, nRight)); }
-    DWORD GetMargins() const { return (DWORD)SendMessage(EM_GETMARGINS); }
-    void GetRect(LPRECT lpRect) const { SendMessage(EM_GETRECT, 0, (LPARAM)lpRect); }
-    void SetRect(LPCRECT lpRect) { SendMessage(EM_SETRECT, 0, (LPARAM)lpRect); }
-    void SetRectNP(LPCRECT lpRect) { SendMessage(EM_SETRECTNP, 0, (LPARAM)lpRect); }
+    void SetMargins(UINT nLeft, UINT nRight) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(nLeft, nRight)); }
+    DWORD GetMargins() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD>(SendMessage(EM_GETMARGINS)); }
+    void GetRect(LPRECT lpRect) const { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_GETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
+    void SetRect(LPCRECT lpRect) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
+    void SetRectNP(LPCRECT lpRect) { ASSERT(::IsWindow(m_hWnd)); SendMessage(EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(lpRect)); }
 };
 
-class AFX_CORE_CLASS CListBox : public CWnd
+// What list boxes and combo boxes share: the owner-draw messages their parent reflects come
+// back as calls of these. Owner-draw lists override them; the defaults draw and measure
+// nothing, keep the system's order (0) and need nothing on deletion.
+class AFX_CORE_CLASS CAfxOwnerDrawList : public CWnd
+{
+public:
+    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+class AFX_CORE_CLASS CListBox : public CAfxOwnerDrawList
 {
     DECLARE_DYNAMIC(CListBox)
 public:
@@ -121,68 +136,58 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
     // Items
-    int GetCount() const { return (int)SendMessage(LB_GETCOUNT); }
-    int AddString(LPCTSTR lpszItem) { return (int)SendMessage(LB_ADDSTRING, 0, (LPARAM)lpszItem); }
-    int InsertString(int nIndex, LPCTSTR lpszItem) { return (int)SendMessage(LB_INSERTSTRING, nIndex, (LPARAM)lpszItem); }
-    int DeleteString(UINT nIndex) { return (int)SendMessage(LB_DELETESTRING, nIndex); }
-    void ResetContent() { SendMessage(LB_RESETCONTENT); }
-    int Dir(UINT attr, LPCTSTR lpszWildCard) { return (int)SendMessage(LB_DIR, attr, (LPARAM)lpszWildCard); }
-    int InitStorage(int nItems, UINT nBytes) { return (int)SendMessage(LB_INITSTORAGE, nItems, nBytes); }
+    int GetCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETCOUNT)); }
+    int AddString(LPCTSTR lpszItem) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszItem))); }
+    int InsertString(int nIndex, LPCTSTR lpszItem) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_INSERTSTRING, nIndex, reinterpret_cast<LPARAM>(lpszItem))); }
+    int DeleteString(UINT nIndex) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_DELETESTRING, nIndex)); }
+    void ResetContent() { ASSERT(::IsWindow(m_hWnd)); SendMessage(LB_RESETCONTENT); }
+    int Dir(UINT attr, LPCTSTR lpszWildCard) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_DIR, attr, reinterpret_cast<LPARAM>(lpszWildCard))); }
+    int InitStorage(int nItems, UINT nBytes) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_INITSTORAGE, nItems, nBytes)); }
     // The caller's buffer must hold GetTextLen + 1 characters.
-    int GetText(int nIndex, LPTSTR lpszBuffer) const { return (int)SendMessage(LB_GETTEXT, nIndex, (LPARAM)lpszBuffer); }
+    int GetText(int nIndex, LPTSTR lpszBuffer) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETTEXT, nIndex, reinterpret_cast<LPARAM>(lpszBuffer))); }
     void GetText(int nIndex, CString& rString) const;
-    int GetTextLen(int nIndex) const { return (int)SendMessage(LB_GETTEXTLEN, nIndex); }
-    DWORD_PTR GetItemData(int nIndex) const { return (DWORD_PTR)SendMessage(LB_GETITEMDATA, nIndex); }
-    int SetItemData(int nIndex, DWORD_PTR dwItemData) { return (int)SendMessage(LB_SETITEMDATA, nIndex, (LPARAM)dwItemData); }
-    void* GetItemDataPtr(int nIndex) const { return (void*)GetItemData(nIndex); }
-    int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, (DWORD_PTR)pData); }
-    int FindString(int nStartAfter, LPCTSTR lpszItem) const { return (int)SendMessage(LB_FINDSTRING, nStartAfter, (LPARAM)lpszItem); }
-    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const { return (int)SendMessage(LB_FINDSTRINGEXACT, nIndexStart, (LPARAM)lpszFind); }
-    int SelectString(int nStartAfter, LPCTSTR lpszItem) { return (int)SendMessage(LB_SELECTSTRING, nStartAfter, (LPARAM)lpszItem); }
+    int GetTextLen(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETTEXTLEN, nIndex)); }
+    DWORD_PTR GetItemData(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD_PTR>(SendMessage(LB_GETITEMDATA, nIndex)); }
+    int SetItemData(int nIndex, DWORD_PTR dwItemData) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SETITEMDATA, nIndex, static_cast<LPARAM>(dwItemData))); }
+    void* GetItemDataPtr(int nIndex) const { return reinterpret_cast<void*>(GetItemData(nIndex)); }
+    int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, reinterpret_cast<DWORD_PTR>(pData)); }
+    int FindString(int nStartAfter, LPCTSTR lpszItem) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_FINDSTRING, nStartAfter, reinterpret_cast<LPARAM>(lpszItem))); }
+    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_FINDSTRINGEXACT, nIndexStart, reinterpret_cast<LPARAM>(lpszFind))); }
+    int SelectString(int nStartAfter, LPCTSTR lpszItem) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SELECTSTRING, nStartAfter, reinterpret_cast<LPARAM>(lpszItem))); }
 
     // Single selection
-    int GetCurSel() const { return (int)SendMessage(LB_GETCURSEL); }
-    int SetCurSel(int nSelect) { return (int)SendMessage(LB_SETCURSEL, nSelect); }
+    int GetCurSel() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETCURSEL)); }
+    int SetCurSel(int nSelect) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SETCURSEL, nSelect)); }
 
     // Multiple selection
-    int GetSel(int nIndex) const { return (int)SendMessage(LB_GETSEL, nIndex); }
-    int SetSel(int nIndex, BOOL bSelect = TRUE) { return (int)SendMessage(LB_SETSEL, bSelect, nIndex); }
-    int GetSelCount() const { return (int)SendMessage(LB_GETSELCOUNT); }
-    int GetSelItems(int nMaxItems, LPINT rgIndex) const { return (int)SendMessage(LB_GETSELITEMS, nMaxItems, (LPARAM)rgIndex); }
+    int GetSel(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETSEL, nIndex)); }
+    int SetSel(int nIndex, BOOL bSelect = TRUE) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SETSEL, bSelect, nIndex)); }
+    int GetSelCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETSELCOUNT)); }
+    int GetSelItems(int nMaxItems, LPINT rgIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETSELITEMS, nMaxItems, reinterpret_cast<LPARAM>(rgIndex))); }
     int SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem);
-    void SetAnchorIndex(int nIndex) { SendMessage(LB_SETANCHORINDEX, nIndex); }
-    int GetAnchorIndex() const { return (int)SendMessage(LB_GETANCHORINDEX); }
-    int GetCaretIndex() const { return (int)SendMessage(LB_GETCARETINDEX); }
-    int SetCaretIndex(int nIndex, BOOL bScroll = TRUE) { return (int)SendMessage(LB_SETCARETINDEX, nIndex, MAKELPARAM(bScroll, 0)); }
+    void SetAnchorIndex(int nIndex) { ASSERT(::IsWindow(m_hWnd)); SendMessage(LB_SETANCHORINDEX, nIndex); }
+    int GetAnchorIndex() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETANCHORINDEX)); }
+    int GetCaretIndex() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETCARETINDEX)); }
+    int SetCaretIndex(int nIndex, BOOL bScroll = TRUE) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SETCARETINDEX, nIndex, MAKELPARAM(bScroll, 0))); }
 
     // Geometry
-    int GetTopIndex() const { return (int)SendMessage(LB_GETTOPINDEX); }
-    int SetTopIndex(int nIndex) { return (int)SendMessage(LB_SETTOPINDEX, nIndex); }
-    int GetItemRect(int nIndex, LPRECT lpRect) const { return (int)SendMessage(LB_GETITEMRECT, nIndex, (LPARAM)lpRect); }
-    int GetItemHeight(int nIndex) const { return (int)SendMessage(LB_GETITEMHEIGHT, nIndex); }
-    int SetItemHeight(int nIndex, UINT cyItemHeight) { return (int)SendMessage(LB_SETITEMHEIGHT, nIndex, MAKELPARAM(cyItemHeight, 0)); }
+    int GetTopIndex() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETTOPINDEX)); }
+    int SetTopIndex(int nIndex) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SETTOPINDEX, nIndex)); }
+    int GetItemRect(int nIndex, LPRECT lpRect) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETITEMRECT, nIndex, reinterpret_cast<LPARAM>(lpRect))); }
+    int GetItemHeight(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETITEMHEIGHT, nIndex)); }
+    int SetItemHeight(int nIndex, UINT cyItemHeight) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_SETITEMHEIGHT, nIndex, MAKELPARAM(cyItemHeight, 0))); }
     UINT ItemFromPoint(CPoint pt, BOOL& bOutside) const;
-    int GetHorizontalExtent() const { return (int)SendMessage(LB_GETHORIZONTALEXTENT); }
-    void SetHorizontalExtent(int cxExtent) { SendMessage(LB_SETHORIZONTALEXTENT, cxExtent); }
-    void SetColumnWidth(int cxWidth) { SendMessage(LB_SETCOLUMNWIDTH, cxWidth); }
-    BOOL SetTabStops(int nTabStops, LPINT rgTabStops) { return (BOOL)SendMessage(LB_SETTABSTOPS, nTabStops, (LPARAM)rgTabStops); }
-    BOOL SetTabStops(const int& cxEachStop) { return (BOOL)SendMessage(LB_SETTABSTOPS, 1, (LPARAM)&cxEachStop); }
-    void SetTabStops() { SendMessage(LB_SETTABSTOPS); }
-    LCID GetLocale() const { return (LCID)SendMessage(LB_GETLOCALE); }
-    LCID SetLocale(LCID nNewLocale) { return (LCID)SendMessage(LB_SETLOCALE, (WPARAM)nNewLocale); }
-
-    // Owner-draw list boxes override these. The defaults draw and measure nothing, keep the
-    // system's order (0) and need nothing on deletion.
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
-    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
-    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    int GetHorizontalExtent() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LB_GETHORIZONTALEXTENT)); }
+    void SetHorizontalExtent(int cxExtent) { ASSERT(::IsWindow(m_hWnd)); SendMessage(LB_SETHORIZONTALEXTENT, cxExtent); }
+    void SetColumnWidth(int cxWidth) { ASSERT(::IsWindow(m_hWnd)); SendMessage(LB_SETCOLUMNWIDTH, cxWidth); }
+    BOOL SetTabStops(int nTabStops, LPINT rgTabStops) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LB_SETTABSTOPS, nTabStops, reinterpret_cast<LPARAM>(rgTabStops))); }
+    BOOL SetTabStops(const int& cxEachStop) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LB_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&cxEachStop))); }
+    void SetTabStops() { ASSERT(::IsWindow(m_hWnd)); SendMessage(LB_SETTABSTOPS); }
+    LCID GetLocale() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<LCID>(SendMessage(LB_GETLOCALE)); }
+    LCID SetLocale(LCID nNewLocale) { ASSERT(::IsWindow(m_hWnd)); return static_cast<LCID>(SendMessage(LB_SETLOCALE, static_cast<WPARAM>(nNewLocale))); }
 };
 
-class AFX_CORE_CLASS CComboBox : public CWnd
+class AFX_CORE_CLASS CComboBox : public CAfxOwnerDrawList
 {
     DECLARE_DYNAMIC(CComboBox)
 public:
@@ -191,62 +196,53 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
     // Items of the list
-    int GetCount() const { return (int)SendMessage(CB_GETCOUNT); }
-    int AddString(LPCTSTR lpszString) { return (int)SendMessage(CB_ADDSTRING, 0, (LPARAM)lpszString); }
-    int InsertString(int nIndex, LPCTSTR lpszString) { return (int)SendMessage(CB_INSERTSTRING, nIndex, (LPARAM)lpszString); }
-    int DeleteString(UINT nIndex) { return (int)SendMessage(CB_DELETESTRING, nIndex); }
-    void ResetContent() { SendMessage(CB_RESETCONTENT); }
-    int Dir(UINT attr, LPCTSTR lpszWildCard) { return (int)SendMessage(CB_DIR, attr, (LPARAM)lpszWildCard); }
-    int InitStorage(int nItems, UINT nBytes) { return (int)SendMessage(CB_INITSTORAGE, nItems, nBytes); }
+    int GetCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETCOUNT)); }
+    int AddString(LPCTSTR lpszString) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszString))); }
+    int InsertString(int nIndex, LPCTSTR lpszString) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_INSERTSTRING, nIndex, reinterpret_cast<LPARAM>(lpszString))); }
+    int DeleteString(UINT nIndex) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_DELETESTRING, nIndex)); }
+    void ResetContent() { ASSERT(::IsWindow(m_hWnd)); SendMessage(CB_RESETCONTENT); }
+    int Dir(UINT attr, LPCTSTR lpszWildCard) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_DIR, attr, reinterpret_cast<LPARAM>(lpszWildCard))); }
+    int InitStorage(int nItems, UINT nBytes) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_INITSTORAGE, nItems, nBytes)); }
     // The caller's buffer must hold GetLBTextLen + 1 characters.
-    int GetLBText(int nIndex, LPTSTR lpszText) const { return (int)SendMessage(CB_GETLBTEXT, nIndex, (LPARAM)lpszText); }
+    int GetLBText(int nIndex, LPTSTR lpszText) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETLBTEXT, nIndex, reinterpret_cast<LPARAM>(lpszText))); }
     void GetLBText(int nIndex, CString& rString) const;
-    int GetLBTextLen(int nIndex) const { return (int)SendMessage(CB_GETLBTEXTLEN, nIndex); }
-    DWORD_PTR GetItemData(int nIndex) const { return (DWORD_PTR)SendMessage(CB_GETITEMDATA, nIndex); }
-    int SetItemData(int nIndex, DWORD_PTR dwItemData) { return (int)SendMessage(CB_SETITEMDATA, nIndex, (LPARAM)dwItemData); }
-    void* GetItemDataPtr(int nIndex) const { return (void*)GetItemData(nIndex); }
-    int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, (DWORD_PTR)pData); }
-    int FindString(int nStartAfter, LPCTSTR lpszString) const { return (int)SendMessage(CB_FINDSTRING, nStartAfter, (LPARAM)lpszString); }
-    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const { return (int)SendMessage(CB_FINDSTRINGEXACT, nIndexStart, (LPARAM)lpszFind); }
-    int SelectString(int nStartAfter, LPCTSTR lpszString) { return (int)SendMessage(CB_SELECTSTRING, nStartAfter, (LPARAM)lpszString); }
-    int GetCurSel() const { return (int)SendMessage(CB_GETCURSEL); }
-    int SetCurSel(int nSelect) { return (int)SendMessage(CB_SETCURSEL, nSelect); }
-    int GetTopIndex() const { return (int)SendMessage(CB_GETTOPINDEX); }
-    int SetTopIndex(int nIndex) { return (int)SendMessage(CB_SETTOPINDEX, nIndex); }
-    LCID GetLocale() const { return (LCID)SendMessage(CB_GETLOCALE); }
-    LCID SetLocale(LCID nNewLocale) { return (LCID)SendMessage(CB_SETLOCALE, (WPARAM)nNewLocale); }
+    int GetLBTextLen(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETLBTEXTLEN, nIndex)); }
+    DWORD_PTR GetItemData(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, nIndex)); }
+    int SetItemData(int nIndex, DWORD_PTR dwItemData) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SETITEMDATA, nIndex, static_cast<LPARAM>(dwItemData))); }
+    void* GetItemDataPtr(int nIndex) const { return reinterpret_cast<void*>(GetItemData(nIndex)); }
+    int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, reinterpret_cast<DWORD_PTR>(pData)); }
+    int FindString(int nStartAfter, LPCTSTR lpszString) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_FINDSTRING, nStartAfter, reinterpret_cast<LPARAM>(lpszString))); }
+    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_FINDSTRINGEXACT, nIndexStart, reinterpret_cast<LPARAM>(lpszFind))); }
+    int SelectString(int nStartAfter, LPCTSTR lpszString) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SELECTSTRING, nStartAfter, reinterpret_cast<LPARAM>(lpszString))); }
+    int GetCurSel() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETCURSEL)); }
+    int SetCurSel(int nSelect) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SETCURSEL, nSelect)); }
+    int GetTopIndex() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETTOPINDEX)); }
+    int SetTopIndex(int nIndex) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SETTOPINDEX, nIndex)); }
+    LCID GetLocale() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<LCID>(SendMessage(CB_GETLOCALE)); }
+    LCID SetLocale(LCID nNewLocale) { ASSERT(::IsWindow(m_hWnd)); return static_cast<LCID>(SendMessage(CB_SETLOCALE, static_cast<WPARAM>(nNewLocale))); }
 
     // The edit field: selection start in the low word, end in the high word.
-    DWORD GetEditSel() const { return (DWORD)SendMessage(CB_GETEDITSEL); }
-    BOOL SetEditSel(int nStartChar, int nEndChar) { return (BOOL)SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(nStartChar, nEndChar)); }
-    BOOL LimitText(int nMaxChars) { return (BOOL)SendMessage(CB_LIMITTEXT, nMaxChars); }
-    void Clear() { SendMessage(WM_CLEAR); }
-    void Copy() { SendMessage(WM_COPY); }
-    void Cut() { SendMessage(WM_CUT); }
-    void Paste() { SendMessage(WM_PASTE); }
+    DWORD GetEditSel() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD>(SendMessage(CB_GETEDITSEL)); }
+    BOOL SetEditSel(int nStartChar, int nEndChar) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(nStartChar, nEndChar))); }
+    BOOL LimitText(int nMaxChars) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(CB_LIMITTEXT, nMaxChars)); }
+    void Clear() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_CLEAR); }
+    void Copy() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_COPY); }
+    void Cut() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_CUT); }
+    void Paste() { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_PASTE); }
 
     // The drop-down list
-    void ShowDropDown(BOOL bShowIt = TRUE) { SendMessage(CB_SHOWDROPDOWN, bShowIt); }
-    BOOL GetDroppedState() const { return (BOOL)SendMessage(CB_GETDROPPEDSTATE); }
-    void GetDroppedControlRect(LPRECT lprect) const { SendMessage(CB_GETDROPPEDCONTROLRECT, 0, (LPARAM)lprect); }
-    int GetDroppedWidth() const { return (int)SendMessage(CB_GETDROPPEDWIDTH); }
-    int SetDroppedWidth(UINT nWidth) { return (int)SendMessage(CB_SETDROPPEDWIDTH, nWidth); }
-    int GetExtendedUI() const { return (int)SendMessage(CB_GETEXTENDEDUI); }
-    int SetExtendedUI(BOOL bExtended = TRUE) { return (int)SendMessage(CB_SETEXTENDEDUI, bExtended); }
+    void ShowDropDown(BOOL bShowIt = TRUE) { ASSERT(::IsWindow(m_hWnd)); SendMessage(CB_SHOWDROPDOWN, bShowIt); }
+    BOOL GetDroppedState() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(CB_GETDROPPEDSTATE)); }
+    void GetDroppedControlRect(LPRECT lprect) const { ASSERT(::IsWindow(m_hWnd)); SendMessage(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(lprect)); }
+    int GetDroppedWidth() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETDROPPEDWIDTH)); }
+    int SetDroppedWidth(UINT nWidth) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SETDROPPEDWIDTH, nWidth)); }
+    int GetExtendedUI() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETEXTENDEDUI)); }
+    int SetExtendedUI(BOOL bExtended = TRUE) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SETEXTENDEDUI, bExtended)); }
     // nIndex -1 is the selection field, else an item of an owner-draw variable list.
-    int GetItemHeight(int nIndex) const { return (int)SendMessage(CB_GETITEMHEIGHT, nIndex); }
-    int SetItemHeight(int nIndex, UINT cyItemHeight) { return (int)SendMessage(CB_SETITEMHEIGHT, nIndex, MAKELPARAM(cyItemHeight, 0)); }
-    UINT GetHorizontalExtent() const { return (UINT)SendMessage(CB_GETHORIZONTALEXTENT); }
-    void SetHorizontalExtent(UINT nExtent) { SendMessage(CB_SETHORIZONTALEXTENT, nExtent); }
-
-    // Owner-draw combo boxes override these; the defaults are those of CListBox.
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
-    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
-    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    int GetItemHeight(int nIndex) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, nIndex)); }
+    int SetItemHeight(int nIndex, UINT cyItemHeight) { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(CB_SETITEMHEIGHT, nIndex, MAKELPARAM(cyItemHeight, 0))); }
+    UINT GetHorizontalExtent() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<UINT>(SendMessage(CB_GETHORIZONTALEXTENT)); }
+    void SetHorizontalExtent(UINT nExtent) { ASSERT(::IsWindow(m_hWnd)); SendMessage(CB_SETHORIZONTALEXTENT, nExtent); }
 };
 
 class AFX_CORE_CLASS CScrollBar : public CWnd
@@ -257,12 +253,12 @@ public:
 
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
-    int GetScrollPos() const { return ::GetScrollPos(m_hWnd, SB_CTL); }
-    int SetScrollPos(int nPos, BOOL bRedraw = TRUE) { return ::SetScrollPos(m_hWnd, SB_CTL, nPos, bRedraw); }
-    void GetScrollRange(LPINT lpMinPos, LPINT lpMaxPos) const { ::GetScrollRange(m_hWnd, SB_CTL, lpMinPos, lpMaxPos); }
-    void SetScrollRange(int nMinPos, int nMaxPos, BOOL bRedraw = TRUE) { ::SetScrollRange(m_hWnd, SB_CTL, nMinPos, nMaxPos, bRedraw); }
-    void ShowScrollBar(BOOL bShow = TRUE) { ::ShowScrollBar(m_hWnd, SB_CTL, bShow); }
-    BOOL EnableScrollBar(UINT nArrowFlags = ESB_ENABLE_BOTH) { return ::EnableScrollBar(m_hWnd, SB_CTL, nArrowFlags); }
+    int GetScrollPos() const { ASSERT(::IsWindow(m_hWnd)); return ::GetScrollPos(m_hWnd, SB_CTL); }
+    int SetScrollPos(int nPos, BOOL bRedraw = TRUE) { ASSERT(::IsWindow(m_hWnd)); return ::SetScrollPos(m_hWnd, SB_CTL, nPos, bRedraw); }
+    void GetScrollRange(LPINT lpMinPos, LPINT lpMaxPos) const { ASSERT(::IsWindow(m_hWnd)); ::GetScrollRange(m_hWnd, SB_CTL, lpMinPos, lpMaxPos); }
+    void SetScrollRange(int nMinPos, int nMaxPos, BOOL bRedraw = TRUE) { ASSERT(::IsWindow(m_hWnd)); ::SetScrollRange(m_hWnd, SB_CTL, nMinPos, nMaxPos, bRedraw); }
+    void ShowScrollBar(BOOL bShow = TRUE) { ASSERT(::IsWindow(m_hWnd)); ::ShowScrollBar(m_hWnd, SB_CTL, bShow); }
+    BOOL EnableScrollBar(UINT nArrowFlags = ESB_ENABLE_BOTH) { ASSERT(::IsWindow(m_hWnd)); return ::EnableScrollBar(m_hWnd, SB_CTL, nArrowFlags); }
     BOOL SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
     BOOL GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
     // The highest position the thumb can reach: the range maximum less the page size plus one.

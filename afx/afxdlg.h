@@ -40,12 +40,12 @@ public:
     void EndDialog(int nResult);
 
     void GotoDlgCtrl(CWnd* pWndCtrl);
-    void NextDlgCtrl() const { SendMessage(WM_NEXTDLGCTL, 0, 0); }
-    void PrevDlgCtrl() const { SendMessage(WM_NEXTDLGCTL, 1, 0); }
-    void SetDefID(UINT nID) { SendMessage(DM_SETDEFID, nID); }
+    void NextDlgCtrl() const { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_NEXTDLGCTL, 0, 0); }
+    void PrevDlgCtrl() const { ASSERT(::IsWindow(m_hWnd)); SendMessage(WM_NEXTDLGCTL, 1, 0); }
+    void SetDefID(UINT nID) { ASSERT(::IsWindow(m_hWnd)); SendMessage(DM_SETDEFID, nID); }
     // The default button's identifier in the low word, DC_HASDEFID in the high word.
-    DWORD GetDefID() const { return (DWORD)SendMessage(DM_GETDEFID); }
-    void MapDialogRect(LPRECT lpRect) const { ::MapDialogRect(m_hWnd, lpRect); }
+    DWORD GetDefID() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
+    void MapDialogRect(LPRECT lpRect) const { ASSERT(::IsWindow(m_hWnd)); ::MapDialogRect(m_hWnd, lpRect); }
 
     // Gives the dialog manager the keyboard and mouse messages of the dialog and its controls.
     BOOL PreTranslateMessage(MSG* pMsg) override;

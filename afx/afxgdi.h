@@ -166,7 +166,7 @@ public:
     BOOL DeleteDC();
     int SaveDC();
     BOOL RestoreDC(int nSavedDC);
-    int GetDeviceCaps(int nIndex) const { return ::GetDeviceCaps(m_hAttribDC, nIndex); }
+    int GetDeviceCaps(int nIndex) const { ASSERT(m_hAttribDC != NULL); return ::GetDeviceCaps(m_hAttribDC, nIndex); }
 
     // Selection: each returns the object selected before (possibly temporary), or NULL.
     CGdiObject* SelectStockObject(int nIndex);
@@ -181,19 +181,19 @@ public:
     CBitmap* GetCurrentBitmap() const;
 
     // Attributes
-    COLORREF GetTextColor() const { return ::GetTextColor(m_hAttribDC); }
+    COLORREF GetTextColor() const { ASSERT(m_hAttribDC != NULL); return ::GetTextColor(m_hAttribDC); }
     COLORREF SetTextColor(COLORREF crColor);
-    COLORREF GetBkColor() const { return ::GetBkColor(m_hAttribDC); }
+    COLORREF GetBkColor() const { ASSERT(m_hAttribDC != NULL); return ::GetBkColor(m_hAttribDC); }
     COLORREF SetBkColor(COLORREF crColor);
-    int GetBkMode() const { return ::GetBkMode(m_hAttribDC); }
+    int GetBkMode() const { ASSERT(m_hAttribDC != NULL); return ::GetBkMode(m_hAttribDC); }
     int SetBkMode(int nBkMode);
-    UINT GetTextAlign() const { return ::GetTextAlign(m_hAttribDC); }
+    UINT GetTextAlign() const { ASSERT(m_hAttribDC != NULL); return ::GetTextAlign(m_hAttribDC); }
     UINT SetTextAlign(UINT nFlags);
-    int GetROP2() const { return ::GetROP2(m_hAttribDC); }
+    int GetROP2() const { ASSERT(m_hAttribDC != NULL); return ::GetROP2(m_hAttribDC); }
     int SetROP2(int nDrawMode);
 
     // Mapping
-    int GetMapMode() const { return ::GetMapMode(m_hAttribDC); }
+    int GetMapMode() const { ASSERT(m_hAttribDC != NULL); return ::GetMapMode(m_hAttribDC); }
     int SetMapMode(int nMapMode);
     CPoint GetViewportOrg() const;
     CPoint SetViewportOrg(int x, int y);
@@ -201,17 +201,17 @@ public:
     CPoint GetWindowOrg() const;
     CPoint SetWindowOrg(int x, int y);
     CPoint SetWindowOrg(POINT point) { return SetWindowOrg(point.x, point.y); }
-    void LPtoDP(LPPOINT lpPoints, int nCount = 1) const { ::LPtoDP(m_hAttribDC, lpPoints, nCount); }
+    void LPtoDP(LPPOINT lpPoints, int nCount = 1) const { ASSERT(m_hAttribDC != NULL); ::LPtoDP(m_hAttribDC, lpPoints, nCount); }
     void LPtoDP(LPRECT lpRect) const { LPtoDP(reinterpret_cast<LPPOINT>(lpRect), 2); }
     // A size is scaled by the magnitudes of the extents, so it keeps its sign whichever way
     // the axes run.
     void LPtoDP(LPSIZE lpSize) const;
-    void DPtoLP(LPPOINT lpPoints, int nCount = 1) const { ::DPtoLP(m_hAttribDC, lpPoints, nCount); }
+    void DPtoLP(LPPOINT lpPoints, int nCount = 1) const { ASSERT(m_hAttribDC != NULL); ::DPtoLP(m_hAttribDC, lpPoints, nCount); }
     void DPtoLP(LPRECT lpRect) const { DPtoLP(reinterpret_cast<LPPOINT>(lpRect), 2); }
     void DPtoLP(LPSIZE lpSize) const;
 
     // Clipping
-    int GetClipBox(LPRECT lpRect) const { return ::GetClipBox(m_hDC, lpRect); }
+    int GetClipBox(LPRECT lpRect) const { ASSERT(m_hDC != NULL); return ::GetClipBox(m_hDC, lpRect); }
     int SelectClipRgn(CRgn* pRgn);
     int SelectClipRgn(CRgn* pRgn, int nMode);
     int IntersectClipRect(int x1, int y1, int x2, int y2);
@@ -236,7 +236,7 @@ public:
     CSize GetTextExtent(const CString& str) const { return GetTextExtent(str, str.GetLength()); }
     CSize GetOutputTextExtent(LPCTSTR lpszString, int nCount) const;
     CSize GetOutputTextExtent(const CString& str) const { return GetOutputTextExtent(str, str.GetLength()); }
-    BOOL GetTextMetrics(LPTEXTMETRIC lpMetrics) const { return ::GetTextMetricsA(m_hAttribDC, lpMetrics); }
+    BOOL GetTextMetrics(LPTEXTMETRIC lpMetrics) const { ASSERT(m_hAttribDC != NULL); return ::GetTextMetricsA(m_hAttribDC, lpMetrics); }
     BOOL GetCharWidth(UINT nFirstChar, UINT nLastChar, LPINT lpBuffer) const
     {
         return ::GetCharWidthA(m_hAttribDC, nFirstChar, nLastChar, lpBuffer);
@@ -249,37 +249,37 @@ public:
     void FillSolidRect(LPCRECT lpRect, COLORREF crColor);
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF crColor);
     void FrameRect(LPCRECT lpRect, CBrush* pBrush) { ::FrameRect(m_hDC, lpRect, static_cast<HBRUSH>(pBrush->GetSafeHandle())); }
-    void InvertRect(LPCRECT lpRect) { ::InvertRect(m_hDC, lpRect); }
+    void InvertRect(LPCRECT lpRect) { ASSERT(m_hDC != NULL); ::InvertRect(m_hDC, lpRect); }
     // Top and left edges in clrTopLeft, right and bottom edges in clrBottomRight; the top-right
     // and bottom-left corner pixels belong to the right and bottom edges.
     void Draw3dRect(LPCRECT lpRect, COLORREF clrTopLeft, COLORREF clrBottomRight);
     void Draw3dRect(int x, int y, int cx, int cy, COLORREF clrTopLeft, COLORREF clrBottomRight);
-    BOOL DrawEdge(LPRECT lpRect, UINT nEdge, UINT nFlags) { return ::DrawEdge(m_hDC, lpRect, nEdge, nFlags); }
-    BOOL DrawFrameControl(LPRECT lpRect, UINT nType, UINT nState) { return ::DrawFrameControl(m_hDC, lpRect, nType, nState); }
-    void DrawFocusRect(LPCRECT lpRect) { ::DrawFocusRect(m_hDC, lpRect); }
-    BOOL DrawIcon(int x, int y, HICON hIcon) { return ::DrawIcon(m_hDC, x, y, hIcon); }
+    BOOL DrawEdge(LPRECT lpRect, UINT nEdge, UINT nFlags) { ASSERT(m_hDC != NULL); return ::DrawEdge(m_hDC, lpRect, nEdge, nFlags); }
+    BOOL DrawFrameControl(LPRECT lpRect, UINT nType, UINT nState) { ASSERT(m_hDC != NULL); return ::DrawFrameControl(m_hDC, lpRect, nType, nState); }
+    void DrawFocusRect(LPCRECT lpRect) { ASSERT(m_hDC != NULL); ::DrawFocusRect(m_hDC, lpRect); }
+    BOOL DrawIcon(int x, int y, HICON hIcon) { ASSERT(m_hDC != NULL); return ::DrawIcon(m_hDC, x, y, hIcon); }
     BOOL DrawIcon(POINT point, HICON hIcon) { return DrawIcon(point.x, point.y, hIcon); }
 
     // Shapes and lines
-    BOOL Rectangle(int x1, int y1, int x2, int y2) { return ::Rectangle(m_hDC, x1, y1, x2, y2); }
+    BOOL Rectangle(int x1, int y1, int x2, int y2) { ASSERT(m_hDC != NULL); return ::Rectangle(m_hDC, x1, y1, x2, y2); }
     BOOL Rectangle(LPCRECT lpRect) { return Rectangle(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom); }
-    BOOL RoundRect(int x1, int y1, int x2, int y2, int x3, int y3) { return ::RoundRect(m_hDC, x1, y1, x2, y2, x3, y3); }
+    BOOL RoundRect(int x1, int y1, int x2, int y2, int x3, int y3) { ASSERT(m_hDC != NULL); return ::RoundRect(m_hDC, x1, y1, x2, y2, x3, y3); }
     BOOL RoundRect(LPCRECT lpRect, POINT point)
     {
         return RoundRect(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom, point.x, point.y);
     }
-    BOOL Ellipse(int x1, int y1, int x2, int y2) { return ::Ellipse(m_hDC, x1, y1, x2, y2); }
+    BOOL Ellipse(int x1, int y1, int x2, int y2) { ASSERT(m_hDC != NULL); return ::Ellipse(m_hDC, x1, y1, x2, y2); }
     BOOL Ellipse(LPCRECT lpRect) { return Ellipse(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom); }
-    BOOL Polygon(const POINT* lpPoints, int nCount) { return ::Polygon(m_hDC, lpPoints, nCount); }
-    BOOL Polyline(const POINT* lpPoints, int nCount) { return ::Polyline(m_hDC, lpPoints, nCount); }
+    BOOL Polygon(const POINT* lpPoints, int nCount) { ASSERT(m_hDC != NULL); return ::Polygon(m_hDC, lpPoints, nCount); }
+    BOOL Polyline(const POINT* lpPoints, int nCount) { ASSERT(m_hDC != NULL); return ::Polyline(m_hDC, lpPoints, nCount); }
     // Returns the previous current position.
     CPoint MoveTo(int x, int y);
     CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
     BOOL LineTo(int x, int y);
     BOOL LineTo(POINT point) { return LineTo(point.x, point.y); }
-    COLORREF SetPixel(int x, int y, COLORREF crColor) { return ::SetPixel(m_hDC, x, y, crColor); }
+    COLORREF SetPixel(int x, int y, COLORREF crColor) { ASSERT(m_hDC != NULL); return ::SetPixel(m_hDC, x, y, crColor); }
     COLORREF SetPixel(POINT point, COLORREF crColor) { return SetPixel(point.x, point.y, crColor); }
-    COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
+    COLORREF GetPixel(int x, int y) const { ASSERT(m_hDC != NULL); return ::GetPixel(m_hDC, x, y); }
     COLORREF GetPixel(POINT point) const { return GetPixel(point.x, point.y); }
 
     // Bit blocks
@@ -293,7 +293,7 @@ public:
         return ::StretchBlt(m_hDC, x, y, nWidth, nHeight, pSrcDC->GetSafeHdc(), xSrc, ySrc, nSrcWidth, nSrcHeight,
                             dwRop);
     }
-    BOOL PatBlt(int x, int y, int nWidth, int nHeight, DWORD dwRop) { return ::PatBlt(m_hDC, x, y, nWidth, nHeight, dwRop); }
+    BOOL PatBlt(int x, int y, int nWidth, int nHeight, DWORD dwRop) { ASSERT(m_hDC != NULL); return ::PatBlt(m_hDC, x, y, nWidth, nHeight, dwRop); }
 
 private:
     // Selects a handle into both DCs; the handle selected before in the attribute DC.

@@ -1,44 +1,58 @@
 #include <afxhandle.h>
 
-CObject* CAfxHandleMap::FromHandle(void* h)
+#include <atomic>
+#include <vector>
+
+namespace
 {
-    if (h == NULL)
-        return NULL;
-    CObject* pObject = LookupPermanent(h);
-    if (pObject != NULL)
-        return pObject;
-    CObject*& pTemp = m_temporary[h];
-    if (pTemp == NULL)
-        pTemp = m_pfnNewTemp(h);
-    return pTemp;
+typedef std::vector<CHandleMapBase*> CThreadMaps;
+
+// A slot of the system's thread-local storage rather than a thread_local variable: it is still
+// there when the thread's end is reported to the library, which is when its maps are deleted.
+DWORD ThreadMapsSlot()
+{
+    static const DWORD s_dwSlot = ::TlsAlloc();
+    return s_dwSlot;
 }
 
-CObject* CAfxHandleMap::LookupPermanent(void* h) const
+CThreadMaps* GetThreadMaps()
 {
-    CMap::const_iterator it = m_permanent.find(h);
-    return it == m_permanent.end() ? NULL : it->second;
+    return static_cast<CThreadMaps*>(::TlsGetValue(ThreadMapsSlot()));
+}
+} // namespace
+
+void CHandleMapBase::DeleteThreadMaps()
+{
+    CThreadMaps* pMaps = GetThreadMaps();
+    if (pMaps == NULL)
+        return;
+    ::TlsSetValue(ThreadMapsSlot(), NULL);
+    for (CHandleMapBase* pMap : *pMaps)
+        delete pMap;
+    delete pMaps;
 }
 
-void CAfxHandleMap::SetPermanent(void* h, CObject* pObject)
+int CHandleMapBase::NewKind()
 {
-    m_permanent[h] = pObject;
+    static std::atomic<int> s_nKinds(0);
+    return s_nKinds++;
 }
 
-void CAfxHandleMap::RemoveHandle(void* h, const CObject* pObject)
+CHandleMapBase* CHandleMapBase::GetThreadMap(int nKind)
 {
-    CMap::iterator it = m_permanent.find(h);
-    if (it != m_permanent.end() && it->second == pObject)
-        m_permanent.erase(it);
+    CThreadMaps* pMaps = GetThreadMaps();
+    return pMaps != NULL && static_cast<size_t>(nKind) < pMaps->size() ? (*pMaps)[nKind] : NULL;
 }
 
-void CAfxHandleMap::DeleteTemp()
+void CHandleMapBase::SetThreadMap(int nKind, CHandleMapBase* pMap)
 {
-    CMap temp;
-    temp.swap(m_temporary);
-    for (CMap::value_type& entry : temp)
+    CThreadMaps* pMaps = GetThreadMaps();
+    if (pMaps == NULL)
     {
-        m_pfnClearTemp(entry.second); // a temporary object never owns its handle
-        delete entry.second;
+        pMaps = new CThreadMaps;
+        ::TlsSetValue(ThreadMapsSlot(), pMaps);
     }
+    if (pMaps->size() <= static_cast<size_t>(nKind))
+        pMaps->resize(nKind + 1);
+    (*pMaps)[nKind] = pMap;
 }
-

@@ -1,5 +1,10 @@
-// What every kind of handle wrapper shares: the map from handles to permanent and temporary
+// What every kind of handle wrapper shares: the maps from handles to permanent and temporary
 // objects, and null-safe access to the handle through an object pointer.
+//
+// Each thread has its own maps, as in MFC: an object attached on one thread is the permanent
+// object of its handle there only, another thread gets a temporary object for the same handle,
+// and each thread deletes its own temporary objects (AfxDeleteTempMaps). Messages reach a
+// window on the thread that created it, so its window procedure finds its object.
 #pragma once
 
 #include <unordered_map>
@@ -15,52 +20,114 @@ inline const T* AfxNullableThis(const T* p)
     return p;
 }
 
-// The permanent and temporary objects of one kind of handle. Internal to the layer: the maps
-// live in KelAfx and are reached only through the classes' static members. Tests run on one
-// thread, as the library does, so the maps are process-wide.
-class CAfxHandleMap
+// Where the calling thread keeps its map of each kind. Internal to the layer: the maps live in
+// KelAfx and are reached only through the wrappers' static members.
+class CHandleMapBase
 {
 public:
-    typedef CObject* (*PFNNEWTEMP)(void* h);  // makes a temporary object for a handle
-    typedef void (*PFNCLEARTEMP)(CObject* pObject); // takes the handle out before deletion
+    virtual ~CHandleMapBase() {}
+    // Deletes the calling thread's maps with their temporary objects, when the thread ends.
+    static void DeleteThreadMaps();
 
-    CAfxHandleMap(PFNNEWTEMP pfnNewTemp, PFNCLEARTEMP pfnClearTemp)
-        : m_pfnNewTemp(pfnNewTemp), m_pfnClearTemp(pfnClearTemp)
+protected:
+    static int NewKind();
+    static CHandleMapBase* GetThreadMap(int nKind);
+    static void SetThreadMap(int nKind, CHandleMapBase* pMap);
+};
+
+// The object a temporary one starts as, before it gets its handle.
+template <class TObject, class THandle>
+TObject* AfxNewHandleObject(THandle)
+{
+    return new TObject;
+}
+
+// The permanent and temporary objects of one kind of handle on the calling thread: TObject
+// keeps its THandle in the member pmHandle, and a kind whose temporary objects differ by handle
+// passes its own pfnNewObject.
+template <class TObject, class THandle, THandle TObject::*pmHandle,
+          TObject* (*pfnNewObject)(THandle) = &AfxNewHandleObject<TObject, THandle>>
+class CHandleMap : public CHandleMapBase
+{
+public:
+    static TObject* FromHandle(THandle h)
     {
+        if (h == NULL)
+            return NULL;
+        TObject* pObject = FromHandlePermanent(h);
+        if (pObject != NULL)
+            return pObject;
+        TObject*& pTemp = ForThread().m_temporary[h];
+        if (pTemp == NULL)
+        {
+            pTemp = pfnNewObject(h);
+            pTemp->*pmHandle = h;
+        }
+        return pTemp;
     }
 
-    CObject* FromHandle(void* h);
-    CObject* LookupPermanent(void* h) const;
-    void SetPermanent(void* h, CObject* pObject);
-    // Forgets the permanent entry of h, if it is pObject's.
-    void RemoveHandle(void* h, const CObject* pObject);
-    void DeleteTemp();
-
-    // The Attach and Detach of every wrapper: rHandle is the object's handle member.
-    template <class THandle>
-    BOOL Attach(THandle h, THandle& rHandle, CObject* pObject)
+    static TObject* FromHandlePermanent(THandle h)
     {
-        if (h == NULL || rHandle != NULL)
+        const CMap& permanent = ForThread().m_permanent;
+        typename CMap::const_iterator it = permanent.find(h);
+        return it == permanent.end() ? NULL : it->second;
+    }
+
+    static void DeleteTempMap() { ForThread().DeleteTemp(); }
+
+    // Makes pObject the permanent object of h; fails when it holds a handle already.
+    static BOOL Attach(TObject* pObject, THandle h)
+    {
+        if (h == NULL || pObject->*pmHandle != NULL)
             return FALSE;
-        SetPermanent(h, pObject);
-        rHandle = h;
+        ForThread().m_permanent[h] = pObject;
+        pObject->*pmHandle = h;
         return TRUE;
     }
-    template <class THandle>
-    THandle Detach(THandle& rHandle, const CObject* pObject)
+
+    // Takes the handle out of pObject and forgets the permanent entry, if it is pObject's.
+    static THandle Detach(TObject* pObject)
     {
-        THandle h = rHandle;
+        THandle h = pObject->*pmHandle;
+        pObject->*pmHandle = NULL;
         if (h != NULL)
-            RemoveHandle(h, pObject);
-        rHandle = NULL;
+        {
+            CMap& permanent = ForThread().m_permanent;
+            typename CMap::iterator it = permanent.find(h);
+            if (it != permanent.end() && it->second == pObject)
+                permanent.erase(it);
+        }
         return h;
     }
 
 private:
-    typedef std::unordered_map<void*, CObject*> CMap;
+    typedef std::unordered_map<THandle, TObject*> CMap;
+
+    ~CHandleMap() override { DeleteTemp(); }
+
+    void DeleteTemp()
+    {
+        CMap temporary;
+        temporary.swap(m_temporary);
+        for (typename CMap::value_type& entry : temporary)
+        {
+            entry.second->*pmHandle = NULL; // a temporary object never owns its handle
+            delete entry.second;
+        }
+    }
+
+    static CHandleMap& ForThread()
+    {
+        static const int s_nKind = NewKind();
+        CHandleMapBase* pMap = GetThreadMap(s_nKind);
+        if (pMap == NULL)
+        {
+            pMap = new CHandleMap;
+            SetThreadMap(s_nKind, pMap);
+        }
+        return *static_cast<CHandleMap*>(pMap);
+    }
+
     CMap m_permanent;
     CMap m_temporary;
-    PFNNEWTEMP m_pfnNewTemp;
-    PFNCLEARTEMP m_pfnClearTemp;
 };
-

@@ -9,11 +9,14 @@
 
 class CCmdTarget;
 class CWnd;
+class CDC;
+class CMenu;
+class CScrollBar;
+class CPoint;
 
 #define afx_msg
 
 typedef void (CCmdTarget::*AFX_PMSG)(void);
-typedef void (CWnd::*AFX_PMSGW)(void);
 
 struct AFX_MSGMAP_ENTRY
 {
@@ -42,48 +45,96 @@ struct AFX_MSGMAP
 // Notification codes of command entries: CN_COMMAND for menu and accelerator commands.
 #define CN_COMMAND 0
 
+// The handler signatures, one row each: the AfxSig value, the handler's member-pointer type,
+// the arguments cracked from the message, and what the message answers when the handler
+// returns nothing (a handler's own result is the answer otherwise). The enum, the handler type
+// that each ON_ macro checks, and the dispatch of CWnd::OnWndMsg and CCmdTarget::OnCmdMsg are
+// all made from these rows: a new signature is one row, a new handler one ON_ macro.
+//
+// Window messages: the arguments may use message, wParam, lParam and point (lParam's signed
+// coordinates).
+#define AFX_WM_SIGNATURES(SIG)                                                                    \
+    SIG(AfxSig_vv, void (CWnd::*)(), (), 0)                                                        \
+    SIG(AfxSig_bv, BOOL (CWnd::*)(), (), 0)                                                        \
+    SIG(AfxSig_lwl, LRESULT (CWnd::*)(WPARAM, LPARAM), (wParam, lParam), 0)                        \
+    SIG(AfxSig_is, int (CWnd::*)(LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam)), 0)   \
+    SIG(AfxSig_bs, BOOL (CWnd::*)(LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam)), 0)  \
+    SIG(AfxSig_vW, void (CWnd::*)(CWnd*), (CWnd::FromHandle(reinterpret_cast<HWND>(wParam))), 0)  \
+    SIG(AfxSig_vwii, void (CWnd::*)(UINT, int, int),                                               \
+        (static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam)), 0)                            \
+    SIG(AfxSig_vii, void (CWnd::*)(int, int), (point.x, point.y), 0)                               \
+    SIG(AfxSig_vt, void (CWnd::*)(UINT_PTR), (static_cast<UINT_PTR>(wParam)), 0)                   \
+    SIG(AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT),                                             \
+        (static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam)), 0)                            \
+    SIG(AfxSig_vwp, void (CWnd::*)(UINT, CPoint), (static_cast<UINT>(wParam), point), 0)           \
+    SIG(AfxSig_bwsp, BOOL (CWnd::*)(UINT, short, CPoint),                                          \
+        (LOWORD(wParam), static_cast<short>(HIWORD(wParam)), point), 0)                            \
+    SIG(AfxSig_vwwS, void (CWnd::*)(UINT, UINT, CScrollBar*),                                      \
+        (LOWORD(wParam), HIWORD(wParam),                                                           \
+         reinterpret_cast<CScrollBar*>(CWnd::FromHandle(reinterpret_cast<HWND>(lParam)))), 0)      \
+    SIG(AfxSig_wv, UINT (CWnd::*)(), (), 0)                                                        \
+    SIG(AfxSig_hDWw, HBRUSH (CWnd::*)(CDC*, CWnd*, UINT),                                          \
+        (CDC::FromHandle(reinterpret_cast<HDC>(wParam)), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)), \
+         message - WM_CTLCOLORMSGBOX), 0)                                                          \
+    SIG(AfxSig_hDw, HBRUSH (CWnd::*)(CDC*, UINT), /* a reflected WM_CTLCOLOR */                    \
+        (CDC::FromHandle(reinterpret_cast<AFX_CTLCOLOR*>(lParam)->hDC),                            \
+         reinterpret_cast<AFX_CTLCOLOR*>(lParam)->nCtlType), 0)                                    \
+    SIG(AfxSig_bD, BOOL (CWnd::*)(CDC*), (CDC::FromHandle(reinterpret_cast<HDC>(wParam))), 0)      \
+    SIG(AfxSig_bWww, BOOL (CWnd::*)(CWnd*, UINT, UINT),                                            \
+        (CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), LOWORD(lParam), HIWORD(lParam)), 0)     \
+    SIG(AfxSig_vDRAW, void (CWnd::*)(int, LPDRAWITEMSTRUCT),                                       \
+        (static_cast<int>(wParam), reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE)              \
+    SIG(AfxSig_vMEASURE, void (CWnd::*)(int, LPMEASUREITEMSTRUCT),                                 \
+        (static_cast<int>(wParam), reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE)           \
+    SIG(AfxSig_vb, void (CWnd::*)(BOOL), (static_cast<BOOL>(wParam)), 0)                           \
+    SIG(AfxSig_vbw, void (CWnd::*)(BOOL, UINT), (static_cast<BOOL>(wParam), static_cast<UINT>(lParam)), 0) \
+    SIG(AfxSig_vWp, void (CWnd::*)(CWnd*, CPoint), (CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), point), 0) \
+    SIG(AfxSig_lp, LRESULT (CWnd::*)(CPoint), (point), 0)                                          \
+    SIG(AfxSig_vPOS, void (CWnd::*)(WINDOWPOS*), (reinterpret_cast<WINDOWPOS*>(lParam)), 0)        \
+    SIG(AfxSig_vMMI, void (CWnd::*)(MINMAXINFO*), (reinterpret_cast<MINMAXINFO*>(lParam)), 0)      \
+    SIG(AfxSig_iWww, int (CWnd::*)(CWnd*, UINT, UINT),                                             \
+        (CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), LOWORD(lParam), HIWORD(lParam)), 0)     \
+    SIG(AfxSig_vwWb, void (CWnd::*)(UINT, CWnd*, BOOL),                                            \
+        (LOWORD(wParam), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)), HIWORD(wParam)), 0)     \
+    SIG(AfxSig_vws, void (CWnd::*)(UINT, LPCTSTR), (static_cast<UINT>(wParam), reinterpret_cast<LPCTSTR>(lParam)), 0) \
+    SIG(AfxSig_vbNCCS, void (CWnd::*)(BOOL, NCCALCSIZE_PARAMS*),                                   \
+        (static_cast<BOOL>(wParam), reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)), 0)              \
+    SIG(AfxSig_vwl, void (CWnd::*)(UINT, LPARAM), (static_cast<UINT>(wParam), lParam), 0)          \
+    SIG(AfxSig_vMwb, void (CWnd::*)(CMenu*, UINT, BOOL),                                           \
+        (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)), LOWORD(lParam), HIWORD(lParam)), 0)
+
+// Command and notification entries: the arguments may use nID and pNotify (an AFX_NOTIFY);
+// a handler that returns nothing has handled the command.
+#define AFX_CMD_SIGNATURES(SIG)                                                                   \
+    SIG(AfxSigCmd_v, void (CCmdTarget::*)(), (), TRUE)                                             \
+    SIG(AfxSigCmd_b, BOOL (CCmdTarget::*)(), (), TRUE)                                             \
+    SIG(AfxSigCmd_RANGE, void (CCmdTarget::*)(UINT), (nID), TRUE)                                  \
+    SIG(AfxSigNotify_v, void (CCmdTarget::*)(NMHDR*, LRESULT*), (pNotify->pNMHDR, pNotify->pResult), TRUE) \
+    SIG(AfxSigNotify_b, BOOL (CCmdTarget::*)(NMHDR*, LRESULT*), (pNotify->pNMHDR, pNotify->pResult), TRUE) \
+    SIG(AfxSigNotify_RANGE, void (CCmdTarget::*)(UINT, NMHDR*, LRESULT*),                          \
+        (nID, pNotify->pNMHDR, pNotify->pResult), TRUE)
+
+#define AFX_SIG_ENUM(sig, type, args, lVoidResult) sig,
 enum AfxSig
 {
     AfxSig_end = 0,
-    AfxSig_vv,      // void ()
-    AfxSig_bv,      // BOOL ()
-    AfxSig_lwl,     // LRESULT (WPARAM, LPARAM)
-    AfxSig_is,      // int (LPCREATESTRUCT)
-    AfxSig_bs,      // BOOL (LPCREATESTRUCT)
-    AfxSig_vW,      // void (CWnd*)
-    AfxSig_vwii,    // void (UINT, int, int)
-    AfxSig_vii,     // void (int, int)
-    AfxSig_vt,      // void (UINT_PTR)
-    AfxSig_vwww,    // void (UINT, UINT, UINT)
-    AfxSig_vwp,     // void (UINT, CPoint)
-    AfxSig_bwsp,    // BOOL (UINT, short, CPoint)
-    AfxSig_vwwS,    // void (UINT, UINT, CScrollBar*)
-    AfxSig_wv,      // UINT ()
-    AfxSig_hDWw,    // HBRUSH (CDC*, CWnd*, UINT)
-    AfxSig_hDw,     // HBRUSH (CDC*, UINT) of a reflected WM_CTLCOLOR
-    AfxSig_bD,      // BOOL (CDC*)
-    AfxSig_bWww,    // BOOL (CWnd*, UINT, UINT)
-    AfxSig_vOWNER,  // void (int, LPTSTR): WM_DRAWITEM, WM_MEASUREITEM style (id, struct)
-    AfxSig_vb,      // void (BOOL)
-    AfxSig_vbw,     // void (BOOL, UINT)
-    AfxSig_vWp,     // void (CWnd*, CPoint)
-    AfxSig_lp,      // LRESULT (CPoint)
-    AfxSig_vPOS,    // void (WINDOWPOS*)
-    AfxSig_vMMI,    // void (MINMAXINFO*)
-    AfxSig_iWww,    // int (CWnd*, UINT, UINT)
-    AfxSig_vwWb,    // void (UINT, CWnd*, BOOL)
-    AfxSig_vws,     // void (UINT, LPCTSTR)
-    AfxSig_vbNCCS,  // void (BOOL, NCCALCSIZE_PARAMS*)
-    AfxSig_vwl,     // void (UINT, LPARAM)
-    AfxSig_vMwb,    // void (CMenu*, UINT, BOOL)
-    // command and notification entries
-    AfxSigCmd_v,     // void ()
-    AfxSigCmd_b,     // BOOL ()
-    AfxSigCmd_RANGE, // void (UINT)
-    AfxSigNotify_v,  // void (NMHDR*, LRESULT*)
-    AfxSigNotify_b,  // BOOL (NMHDR*, LRESULT*)
-    AfxSigNotify_RANGE, // void (UINT, NMHDR*, LRESULT*)
+    AFX_WM_SIGNATURES(AFX_SIG_ENUM)
+    AFX_CMD_SIGNATURES(AFX_SIG_ENUM)
 };
+#undef AFX_SIG_ENUM
+
+// The handler type of each signature, which the ON_ macros check a handler against.
+template <AfxSig nSig>
+struct CAfxSigHandler;
+#define AFX_SIG_HANDLER(sig, type, args, lVoidResult)                                             \
+    template <>                                                                                    \
+    struct CAfxSigHandler<sig>                                                                     \
+    {                                                                                              \
+        using PMSG = type;                                                                         \
+    };
+AFX_WM_SIGNATURES(AFX_SIG_HANDLER)
+AFX_CMD_SIGNATURES(AFX_SIG_HANDLER)
+#undef AFX_SIG_HANDLER
 
 #define DECLARE_MESSAGE_MAP()                                                                     \
 protected:                                                                                         \
@@ -118,101 +169,92 @@ inline TO AfxPmsgCast(FROM pfn)
     return to;
 }
 
-// Converts a handler of the derived class to the common entry type, checking its signature.
-#define AFX_MSGFN(type, fn) AfxPmsgCast<AFX_PMSG>(static_cast<type>(fn))
-#define AFX_CMDFN(type, fn) AfxPmsgCast<AFX_PMSG>(static_cast<type>(fn))
+// Converts a handler of the derived class to the common entry type, checking it against the
+// signature's handler type.
+#define AFX_MSGFN(sig, fn) AfxPmsgCast<AFX_PMSG>(static_cast<CAfxSigHandler<sig>::PMSG>(fn))
 
-#define AFX_WM_ENTRY(msg, sig, type, fn) {msg, 0, 0, 0, sig, AFX_MSGFN(type, &ThisClass::fn)},
+// An entry: the message, the notification code and the control-id range it takes, its signature
+// and its handler.
+#define AFX_MSG_ENTRY(msg, code, id, idLast, sig, fn)                                             \
+    {(UINT)(msg), (UINT)(code), (UINT)(id), (UINT)(idLast), sig, AFX_MSGFN(sig, &ThisClass::fn)},
+#define AFX_WM_ENTRY(msg, sig, fn) AFX_MSG_ENTRY(msg, 0, 0, 0, sig, fn)
 
-#define ON_WM_CREATE() AFX_WM_ENTRY(WM_CREATE, AfxSig_is, int (CWnd::*)(LPCREATESTRUCT), OnCreate)
-#define ON_WM_NCCREATE() AFX_WM_ENTRY(WM_NCCREATE, AfxSig_bs, BOOL (CWnd::*)(LPCREATESTRUCT), OnNcCreate)
-#define ON_WM_DESTROY() AFX_WM_ENTRY(WM_DESTROY, AfxSig_vv, void (CWnd::*)(), OnDestroy)
-#define ON_WM_NCDESTROY() AFX_WM_ENTRY(WM_NCDESTROY, AfxSig_vv, void (CWnd::*)(), OnNcDestroy)
-#define ON_WM_CLOSE() AFX_WM_ENTRY(WM_CLOSE, AfxSig_vv, void (CWnd::*)(), OnClose)
-#define ON_WM_PAINT() AFX_WM_ENTRY(WM_PAINT, AfxSig_vv, void (CWnd::*)(), OnPaint)
-#define ON_WM_NCPAINT() AFX_WM_ENTRY(WM_NCPAINT, AfxSig_vv, void (CWnd::*)(), OnNcPaint)
-#define ON_WM_CANCELMODE() AFX_WM_ENTRY(WM_CANCELMODE, AfxSig_vv, void (CWnd::*)(), OnCancelMode)
-#define ON_WM_SYSCOLORCHANGE() AFX_WM_ENTRY(WM_SYSCOLORCHANGE, AfxSig_vv, void (CWnd::*)(), OnSysColorChange)
-#define ON_WM_SIZE() AFX_WM_ENTRY(WM_SIZE, AfxSig_vwii, void (CWnd::*)(UINT, int, int), OnSize)
-#define ON_WM_MOVE() AFX_WM_ENTRY(WM_MOVE, AfxSig_vii, void (CWnd::*)(int, int), OnMove)
-#define ON_WM_TIMER() AFX_WM_ENTRY(WM_TIMER, AfxSig_vt, void (CWnd::*)(UINT_PTR), OnTimer)
-#define ON_WM_SETFOCUS() AFX_WM_ENTRY(WM_SETFOCUS, AfxSig_vW, void (CWnd::*)(CWnd*), OnSetFocus)
-#define ON_WM_KILLFOCUS() AFX_WM_ENTRY(WM_KILLFOCUS, AfxSig_vW, void (CWnd::*)(CWnd*), OnKillFocus)
-#define ON_WM_CAPTURECHANGED() AFX_WM_ENTRY(WM_CAPTURECHANGED, AfxSig_vW, void (CWnd::*)(CWnd*), OnCaptureChanged)
-#define ON_WM_CHAR() AFX_WM_ENTRY(WM_CHAR, AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT), OnChar)
-#define ON_WM_KEYDOWN() AFX_WM_ENTRY(WM_KEYDOWN, AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT), OnKeyDown)
-#define ON_WM_KEYUP() AFX_WM_ENTRY(WM_KEYUP, AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT), OnKeyUp)
-#define ON_WM_SYSCHAR() AFX_WM_ENTRY(WM_SYSCHAR, AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT), OnSysChar)
-#define ON_WM_SYSKEYDOWN() AFX_WM_ENTRY(WM_SYSKEYDOWN, AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT), OnSysKeyDown)
-#define ON_WM_SYSKEYUP() AFX_WM_ENTRY(WM_SYSKEYUP, AfxSig_vwww, void (CWnd::*)(UINT, UINT, UINT), OnSysKeyUp)
-#define ON_WM_LBUTTONDOWN() AFX_WM_ENTRY(WM_LBUTTONDOWN, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnLButtonDown)
-#define ON_WM_LBUTTONUP() AFX_WM_ENTRY(WM_LBUTTONUP, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnLButtonUp)
-#define ON_WM_LBUTTONDBLCLK() AFX_WM_ENTRY(WM_LBUTTONDBLCLK, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnLButtonDblClk)
-#define ON_WM_RBUTTONDOWN() AFX_WM_ENTRY(WM_RBUTTONDOWN, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnRButtonDown)
-#define ON_WM_RBUTTONUP() AFX_WM_ENTRY(WM_RBUTTONUP, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnRButtonUp)
-#define ON_WM_RBUTTONDBLCLK() AFX_WM_ENTRY(WM_RBUTTONDBLCLK, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnRButtonDblClk)
-#define ON_WM_MBUTTONDOWN() AFX_WM_ENTRY(WM_MBUTTONDOWN, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnMButtonDown)
-#define ON_WM_MBUTTONUP() AFX_WM_ENTRY(WM_MBUTTONUP, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnMButtonUp)
-#define ON_WM_MOUSEMOVE() AFX_WM_ENTRY(WM_MOUSEMOVE, AfxSig_vwp, void (CWnd::*)(UINT, CPoint), OnMouseMove)
-#define ON_WM_MOUSEWHEEL() AFX_WM_ENTRY(WM_MOUSEWHEEL, AfxSig_bwsp, BOOL (CWnd::*)(UINT, short, CPoint), OnMouseWheel)
-#define ON_WM_HSCROLL() AFX_WM_ENTRY(WM_HSCROLL, AfxSig_vwwS, void (CWnd::*)(UINT, UINT, CScrollBar*), OnHScroll)
-#define ON_WM_VSCROLL() AFX_WM_ENTRY(WM_VSCROLL, AfxSig_vwwS, void (CWnd::*)(UINT, UINT, CScrollBar*), OnVScroll)
-#define ON_WM_GETDLGCODE() AFX_WM_ENTRY(WM_GETDLGCODE, AfxSig_wv, UINT (CWnd::*)(), OnGetDlgCode)
-#define ON_WM_CTLCOLOR() AFX_WM_ENTRY(WM_CTLCOLOR, AfxSig_hDWw, HBRUSH (CWnd::*)(CDC*, CWnd*, UINT), OnCtlColor)
-#define ON_WM_ERASEBKGND() AFX_WM_ENTRY(WM_ERASEBKGND, AfxSig_bD, BOOL (CWnd::*)(CDC*), OnEraseBkgnd)
-#define ON_WM_SETCURSOR() AFX_WM_ENTRY(WM_SETCURSOR, AfxSig_bWww, BOOL (CWnd::*)(CWnd*, UINT, UINT), OnSetCursor)
-#define ON_WM_DRAWITEM() AFX_WM_ENTRY(WM_DRAWITEM, AfxSig_vOWNER, void (CWnd::*)(int, LPDRAWITEMSTRUCT), OnDrawItem)
-#define ON_WM_MEASUREITEM() AFX_WM_ENTRY(WM_MEASUREITEM, AfxSig_vOWNER, void (CWnd::*)(int, LPMEASUREITEMSTRUCT), OnMeasureItem)
-#define ON_WM_ENABLE() AFX_WM_ENTRY(WM_ENABLE, AfxSig_vb, void (CWnd::*)(BOOL), OnEnable)
-#define ON_WM_SHOWWINDOW() AFX_WM_ENTRY(WM_SHOWWINDOW, AfxSig_vbw, void (CWnd::*)(BOOL, UINT), OnShowWindow)
-#define ON_WM_CONTEXTMENU() AFX_WM_ENTRY(WM_CONTEXTMENU, AfxSig_vWp, void (CWnd::*)(CWnd*, CPoint), OnContextMenu)
-#define ON_WM_NCHITTEST() AFX_WM_ENTRY(WM_NCHITTEST, AfxSig_lp, LRESULT (CWnd::*)(CPoint), OnNcHitTest)
-#define ON_WM_WINDOWPOSCHANGED() AFX_WM_ENTRY(WM_WINDOWPOSCHANGED, AfxSig_vPOS, void (CWnd::*)(WINDOWPOS*), OnWindowPosChanged)
-#define ON_WM_WINDOWPOSCHANGING() AFX_WM_ENTRY(WM_WINDOWPOSCHANGING, AfxSig_vPOS, void (CWnd::*)(WINDOWPOS*), OnWindowPosChanging)
-#define ON_WM_GETMINMAXINFO() AFX_WM_ENTRY(WM_GETMINMAXINFO, AfxSig_vMMI, void (CWnd::*)(MINMAXINFO*), OnGetMinMaxInfo)
-#define ON_WM_MOUSEACTIVATE() AFX_WM_ENTRY(WM_MOUSEACTIVATE, AfxSig_iWww, int (CWnd::*)(CWnd*, UINT, UINT), OnMouseActivate)
-#define ON_WM_ACTIVATE() AFX_WM_ENTRY(WM_ACTIVATE, AfxSig_vwWb, void (CWnd::*)(UINT, CWnd*, BOOL), OnActivate)
-#define ON_WM_SETTINGCHANGE() AFX_WM_ENTRY(WM_SETTINGCHANGE, AfxSig_vws, void (CWnd::*)(UINT, LPCTSTR), OnSettingChange)
-#define ON_WM_NCCALCSIZE() AFX_WM_ENTRY(WM_NCCALCSIZE, AfxSig_vbNCCS, void (CWnd::*)(BOOL, NCCALCSIZE_PARAMS*), OnNcCalcSize)
-#define ON_WM_PARENTNOTIFY() AFX_WM_ENTRY(WM_PARENTNOTIFY, AfxSig_vwl, void (CWnd::*)(UINT, LPARAM), OnParentNotify)
-#define ON_WM_INITMENUPOPUP() AFX_WM_ENTRY(WM_INITMENUPOPUP, AfxSig_vMwb, void (CWnd::*)(CMenu*, UINT, BOOL), OnInitMenuPopup)
+#define ON_WM_CREATE() AFX_WM_ENTRY(WM_CREATE, AfxSig_is, OnCreate)
+#define ON_WM_NCCREATE() AFX_WM_ENTRY(WM_NCCREATE, AfxSig_bs, OnNcCreate)
+#define ON_WM_DESTROY() AFX_WM_ENTRY(WM_DESTROY, AfxSig_vv, OnDestroy)
+#define ON_WM_NCDESTROY() AFX_WM_ENTRY(WM_NCDESTROY, AfxSig_vv, OnNcDestroy)
+#define ON_WM_CLOSE() AFX_WM_ENTRY(WM_CLOSE, AfxSig_vv, OnClose)
+#define ON_WM_PAINT() AFX_WM_ENTRY(WM_PAINT, AfxSig_vv, OnPaint)
+#define ON_WM_NCPAINT() AFX_WM_ENTRY(WM_NCPAINT, AfxSig_vv, OnNcPaint)
+#define ON_WM_CANCELMODE() AFX_WM_ENTRY(WM_CANCELMODE, AfxSig_vv, OnCancelMode)
+#define ON_WM_SYSCOLORCHANGE() AFX_WM_ENTRY(WM_SYSCOLORCHANGE, AfxSig_vv, OnSysColorChange)
+#define ON_WM_SIZE() AFX_WM_ENTRY(WM_SIZE, AfxSig_vwii, OnSize)
+#define ON_WM_MOVE() AFX_WM_ENTRY(WM_MOVE, AfxSig_vii, OnMove)
+#define ON_WM_TIMER() AFX_WM_ENTRY(WM_TIMER, AfxSig_vt, OnTimer)
+#define ON_WM_SETFOCUS() AFX_WM_ENTRY(WM_SETFOCUS, AfxSig_vW, OnSetFocus)
+#define ON_WM_KILLFOCUS() AFX_WM_ENTRY(WM_KILLFOCUS, AfxSig_vW, OnKillFocus)
+#define ON_WM_CAPTURECHANGED() AFX_WM_ENTRY(WM_CAPTURECHANGED, AfxSig_vW, OnCaptureChanged)
+#define ON_WM_CHAR() AFX_WM_ENTRY(WM_CHAR, AfxSig_vwww, OnChar)
+#define ON_WM_KEYDOWN() AFX_WM_ENTRY(WM_KEYDOWN, AfxSig_vwww, OnKeyDown)
+#define ON_WM_KEYUP() AFX_WM_ENTRY(WM_KEYUP, AfxSig_vwww, OnKeyUp)
+#define ON_WM_SYSCHAR() AFX_WM_ENTRY(WM_SYSCHAR, AfxSig_vwww, OnSysChar)
+#define ON_WM_SYSKEYDOWN() AFX_WM_ENTRY(WM_SYSKEYDOWN, AfxSig_vwww, OnSysKeyDown)
+#define ON_WM_SYSKEYUP() AFX_WM_ENTRY(WM_SYSKEYUP, AfxSig_vwww, OnSysKeyUp)
+#define ON_WM_LBUTTONDOWN() AFX_WM_ENTRY(WM_LBUTTONDOWN, AfxSig_vwp, OnLButtonDown)
+#define ON_WM_LBUTTONUP() AFX_WM_ENTRY(WM_LBUTTONUP, AfxSig_vwp, OnLButtonUp)
+#define ON_WM_LBUTTONDBLCLK() AFX_WM_ENTRY(WM_LBUTTONDBLCLK, AfxSig_vwp, OnLButtonDblClk)
+#define ON_WM_RBUTTONDOWN() AFX_WM_ENTRY(WM_RBUTTONDOWN, AfxSig_vwp, OnRButtonDown)
+#define ON_WM_RBUTTONUP() AFX_WM_ENTRY(WM_RBUTTONUP, AfxSig_vwp, OnRButtonUp)
+#define ON_WM_RBUTTONDBLCLK() AFX_WM_ENTRY(WM_RBUTTONDBLCLK, AfxSig_vwp, OnRButtonDblClk)
+#define ON_WM_MBUTTONDOWN() AFX_WM_ENTRY(WM_MBUTTONDOWN, AfxSig_vwp, OnMButtonDown)
+#define ON_WM_MBUTTONUP() AFX_WM_ENTRY(WM_MBUTTONUP, AfxSig_vwp, OnMButtonUp)
+#define ON_WM_MOUSEMOVE() AFX_WM_ENTRY(WM_MOUSEMOVE, AfxSig_vwp, OnMouseMove)
+#define ON_WM_MOUSEWHEEL() AFX_WM_ENTRY(WM_MOUSEWHEEL, AfxSig_bwsp, OnMouseWheel)
+#define ON_WM_HSCROLL() AFX_WM_ENTRY(WM_HSCROLL, AfxSig_vwwS, OnHScroll)
+#define ON_WM_VSCROLL() AFX_WM_ENTRY(WM_VSCROLL, AfxSig_vwwS, OnVScroll)
+#define ON_WM_GETDLGCODE() AFX_WM_ENTRY(WM_GETDLGCODE, AfxSig_wv, OnGetDlgCode)
+#define ON_WM_CTLCOLOR() AFX_WM_ENTRY(WM_CTLCOLOR, AfxSig_hDWw, OnCtlColor)
+#define ON_WM_ERASEBKGND() AFX_WM_ENTRY(WM_ERASEBKGND, AfxSig_bD, OnEraseBkgnd)
+#define ON_WM_SETCURSOR() AFX_WM_ENTRY(WM_SETCURSOR, AfxSig_bWww, OnSetCursor)
+#define ON_WM_DRAWITEM() AFX_WM_ENTRY(WM_DRAWITEM, AfxSig_vDRAW, OnDrawItem)
+#define ON_WM_MEASUREITEM() AFX_WM_ENTRY(WM_MEASUREITEM, AfxSig_vMEASURE, OnMeasureItem)
+#define ON_WM_ENABLE() AFX_WM_ENTRY(WM_ENABLE, AfxSig_vb, OnEnable)
+#define ON_WM_SHOWWINDOW() AFX_WM_ENTRY(WM_SHOWWINDOW, AfxSig_vbw, OnShowWindow)
+#define ON_WM_CONTEXTMENU() AFX_WM_ENTRY(WM_CONTEXTMENU, AfxSig_vWp, OnContextMenu)
+#define ON_WM_NCHITTEST() AFX_WM_ENTRY(WM_NCHITTEST, AfxSig_lp, OnNcHitTest)
+#define ON_WM_WINDOWPOSCHANGED() AFX_WM_ENTRY(WM_WINDOWPOSCHANGED, AfxSig_vPOS, OnWindowPosChanged)
+#define ON_WM_WINDOWPOSCHANGING() AFX_WM_ENTRY(WM_WINDOWPOSCHANGING, AfxSig_vPOS, OnWindowPosChanging)
+#define ON_WM_GETMINMAXINFO() AFX_WM_ENTRY(WM_GETMINMAXINFO, AfxSig_vMMI, OnGetMinMaxInfo)
+#define ON_WM_MOUSEACTIVATE() AFX_WM_ENTRY(WM_MOUSEACTIVATE, AfxSig_iWww, OnMouseActivate)
+#define ON_WM_ACTIVATE() AFX_WM_ENTRY(WM_ACTIVATE, AfxSig_vwWb, OnActivate)
+#define ON_WM_SETTINGCHANGE() AFX_WM_ENTRY(WM_SETTINGCHANGE, AfxSig_vws, OnSettingChange)
+#define ON_WM_NCCALCSIZE() AFX_WM_ENTRY(WM_NCCALCSIZE, AfxSig_vbNCCS, OnNcCalcSize)
+#define ON_WM_PARENTNOTIFY() AFX_WM_ENTRY(WM_PARENTNOTIFY, AfxSig_vwl, OnParentNotify)
+#define ON_WM_INITMENUPOPUP() AFX_WM_ENTRY(WM_INITMENUPOPUP, AfxSig_vMwb, OnInitMenuPopup)
 
-#define ON_MESSAGE(message, memberFxn)                                                            \
-    {message, 0, 0, 0, AfxSig_lwl, AFX_MSGFN(LRESULT (CWnd::*)(WPARAM, LPARAM), &ThisClass::memberFxn)},
+#define ON_MESSAGE(message, memberFxn) AFX_WM_ENTRY(message, AfxSig_lwl, memberFxn)
 #define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn)                                        \
     {AFX_REGISTERED_MESSAGE, 0, 0, 0, (UINT_PTR)(const UINT*)(&nMessageVariable),                  \
-     AFX_MSGFN(LRESULT (CWnd::*)(WPARAM, LPARAM), &ThisClass::memberFxn)},
+     AFX_MSGFN(AfxSig_lwl, &ThisClass::memberFxn)},
 
-#define ON_COMMAND(id, memberFxn)                                                                 \
-    {WM_COMMAND, CN_COMMAND, (UINT)(id), (UINT)(id), AfxSigCmd_v,                                  \
-     AFX_CMDFN(void (CCmdTarget::*)(), &ThisClass::memberFxn)},
+#define ON_COMMAND(id, memberFxn) AFX_MSG_ENTRY(WM_COMMAND, CN_COMMAND, id, id, AfxSigCmd_v, memberFxn)
 #define ON_COMMAND_RANGE(id, idLast, memberFxn)                                                   \
-    {WM_COMMAND, CN_COMMAND, (UINT)(id), (UINT)(idLast), AfxSigCmd_RANGE,                          \
-     AFX_CMDFN(void (CCmdTarget::*)(UINT), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, AfxSigCmd_RANGE, memberFxn)
 #define ON_CONTROL(wNotifyCode, id, memberFxn)                                                    \
-    {WM_COMMAND, (UINT)(WORD)(wNotifyCode), (UINT)(id), (UINT)(id), AfxSigCmd_v,                   \
-     AFX_CMDFN(void (CCmdTarget::*)(), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_COMMAND, (WORD)(wNotifyCode), id, id, AfxSigCmd_v, memberFxn)
 #define ON_NOTIFY(wNotifyCode, id, memberFxn)                                                     \
-    {WM_NOTIFY, (UINT)(WORD)(int)(wNotifyCode), (UINT)(id), (UINT)(id), AfxSigNotify_v,            \
-     AFX_CMDFN(void (CCmdTarget::*)(NMHDR*, LRESULT*), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_NOTIFY, (WORD)(int)(wNotifyCode), id, id, AfxSigNotify_v, memberFxn)
 #define ON_NOTIFY_RANGE(wNotifyCode, id, idLast, memberFxn)                                       \
-    {WM_NOTIFY, (UINT)(WORD)(int)(wNotifyCode), (UINT)(id), (UINT)(idLast), AfxSigNotify_RANGE,    \
-     AFX_CMDFN(void (CCmdTarget::*)(UINT, NMHDR*, LRESULT*), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_NOTIFY, (WORD)(int)(wNotifyCode), id, idLast, AfxSigNotify_RANGE, memberFxn)
 #define ON_CONTROL_REFLECT(wNotifyCode, memberFxn)                                                \
-    {WM_COMMAND + WM_REFLECT_BASE, (UINT)(WORD)(wNotifyCode), 0, 0, AfxSigCmd_v,                   \
-     AFX_CMDFN(void (CCmdTarget::*)(), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_COMMAND + WM_REFLECT_BASE, (WORD)(wNotifyCode), 0, 0, AfxSigCmd_v, memberFxn)
 #define ON_CONTROL_REFLECT_EX(wNotifyCode, memberFxn)                                             \
-    {WM_COMMAND + WM_REFLECT_BASE, (UINT)(WORD)(wNotifyCode), 0, 0, AfxSigCmd_b,                   \
-     AFX_CMDFN(BOOL (CCmdTarget::*)(), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_COMMAND + WM_REFLECT_BASE, (WORD)(wNotifyCode), 0, 0, AfxSigCmd_b, memberFxn)
 #define ON_NOTIFY_REFLECT(wNotifyCode, memberFxn)                                                 \
-    {WM_NOTIFY + WM_REFLECT_BASE, (UINT)(WORD)(int)(wNotifyCode), 0, 0, AfxSigNotify_v,            \
-     AFX_CMDFN(void (CCmdTarget::*)(NMHDR*, LRESULT*), &ThisClass::memberFxn)},
+    AFX_MSG_ENTRY(WM_NOTIFY + WM_REFLECT_BASE, (WORD)(int)(wNotifyCode), 0, 0, AfxSigNotify_v, memberFxn)
 #define ON_NOTIFY_REFLECT_EX(wNotifyCode, memberFxn)                                              \
-    {WM_NOTIFY + WM_REFLECT_BASE, (UINT)(WORD)(int)(wNotifyCode), 0, 0, AfxSigNotify_b,            \
-     AFX_CMDFN(BOOL (CCmdTarget::*)(NMHDR*, LRESULT*), &ThisClass::memberFxn)},
-#define ON_WM_CTLCOLOR_REFLECT()                                                                  \
-    {WM_CTLCOLOR + WM_REFLECT_BASE, 0, 0, 0, AfxSig_hDw,                                           \
-     AFX_MSGFN(HBRUSH (CWnd::*)(CDC*, UINT), &ThisClass::CtlColor)},
+    AFX_MSG_ENTRY(WM_NOTIFY + WM_REFLECT_BASE, (WORD)(int)(wNotifyCode), 0, 0, AfxSigNotify_b, memberFxn)
+#define ON_WM_CTLCOLOR_REFLECT() AFX_WM_ENTRY(WM_CTLCOLOR + WM_REFLECT_BASE, AfxSig_hDw, CtlColor)
 
 #define ON_EN_CHANGE(id, memberFxn) ON_CONTROL(EN_CHANGE, id, memberFxn)
 #define ON_EN_UPDATE(id, memberFxn) ON_CONTROL(EN_UPDATE, id, memberFxn)

@@ -464,13 +464,16 @@ int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType, UINT nIDHelp)
 }
 
 // The layer itself is the system library of the chain, as MFC's own DLL is: its classes and
-// resources are found after those of the program and of the extension libraries.
+// resources are found after those of the program and of the extension libraries. A thread
+// that ends takes its handle maps and their temporary objects with it.
 extern "C" BOOL WINAPI DllMain(HINSTANCE hInstance, DWORD dwReason, LPVOID)
 {
     static AFX_EXTENSION_MODULE s_coreModule = {FALSE, NULL, NULL, NULL, NULL};
     static CDynLinkLibrary* s_pCoreLibrary = NULL;
     if (dwReason == DLL_PROCESS_ATTACH && AfxInitExtensionModule(s_coreModule, hInstance))
         s_pCoreLibrary = new CDynLinkLibrary(s_coreModule, TRUE);
+    else if (dwReason == DLL_THREAD_DETACH)
+        CHandleMapBase::DeleteThreadMaps();
     else if (dwReason == DLL_PROCESS_DETACH)
     {
         delete s_pCoreLibrary;

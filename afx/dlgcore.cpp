@@ -26,7 +26,7 @@ BOOL SendDlgInitRecords(HWND hDlg, const BYTE* p, const BYTE* pEnd)
     BOOL bSuccess = TRUE;
     for (;;)
     {
-        size_t nLeft = pEnd != NULL ? (size_t)(pEnd - p) : (size_t)-1;
+        size_t nLeft = pEnd != NULL ? static_cast<size_t>(pEnd - p) : static_cast<size_t>(-1);
         WORD nIDC = 0;
         if (nLeft < sizeof(WORD))
             break;
@@ -43,8 +43,8 @@ BOOL SendDlgInitRecords(HWND hDlg, const BYTE* p, const BYTE* pEnd)
         if (nSend != 0)
         {
             const char* pItem = reinterpret_cast<const char*>(p + nHeader);
-            CString strItem(pItem, (int)strnlen(pItem, dwLen));
-            if ((int)::SendDlgItemMessageA(hDlg, nIDC, nSend, 0, (LPARAM)(LPCTSTR)strItem) < 0)
+            CString strItem(pItem, static_cast<int>(strnlen(pItem, dwLen)));
+            if (static_cast<int>(::SendDlgItemMessageA(hDlg, nIDC, nSend, 0, reinterpret_cast<LPARAM>(static_cast<LPCTSTR>(strItem)))) < 0)
                 bSuccess = FALSE;
         }
         p += nHeader + dwLen;
@@ -287,7 +287,7 @@ void CDialog::EndDialog(int nResult)
 void CDialog::GotoDlgCtrl(CWnd* pWndCtrl)
 {
     if (pWndCtrl->GetSafeHwnd() != NULL)
-        SendMessage(WM_NEXTDLGCTL, (WPARAM)pWndCtrl->m_hWnd, TRUE);
+        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pWndCtrl->m_hWnd), TRUE);
 }
 
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)
@@ -320,7 +320,7 @@ int CWnd::RunModalLoop(DWORD dwFlags)
                 bShowIdle = FALSE;
             }
             if (!(dwFlags & MLF_NOIDLEMSG) && hWndParent != NULL)
-                ::SendMessageA(hWndParent, WM_ENTERIDLE, MSGF_DIALOGBOX, (LPARAM)m_hWnd);
+                ::SendMessageA(hWndParent, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
             bIdle = FALSE;
             continue;
         }

@@ -52,7 +52,7 @@ BOOL ParseInteger(LPCTSTR lpsz, LONGLONG llMin, LONGLONG llMax, LONGLONG& llValu
     ULONGLONG ullMagnitude = 0;
     for (; IsDigit(*lpsz); ++lpsz)
     {
-        ullMagnitude = ullMagnitude * 10 + (ULONGLONG)(*lpsz - '0');
+        ullMagnitude = ullMagnitude * 10 + static_cast<ULONGLONG>(*lpsz - '0');
         if (ullMagnitude > 0xFFFFFFFFFFull) // far beyond every 32-bit range, and no overflow
             return FALSE;
     }
@@ -60,7 +60,7 @@ BOOL ParseInteger(LPCTSTR lpsz, LONGLONG llMin, LONGLONG llMax, LONGLONG& llValu
         ++lpsz;
     if (*lpsz != '\0')
         return FALSE;
-    LONGLONG ll = bNegative ? -(LONGLONG)ullMagnitude : (LONGLONG)ullMagnitude;
+    LONGLONG ll = bNegative ? -static_cast<LONGLONG>(ullMagnitude) : static_cast<LONGLONG>(ullMagnitude);
     if (ll < llMin || ll > llMax)
         return FALSE;
     llValue = ll;
@@ -325,7 +325,7 @@ void AFXAPI DDX_CBString(CDataExchange* pDX, int nIDC, CString& value)
         BOOL bDropList = (::GetWindowLongA(hWndCtrl, GWL_STYLE) & 0x3) == CBS_DROPDOWNLIST;
         AfxGetWindowText(hWndCtrl, value, bDropList ? 255 : INT_MAX);
     }
-    else if (::SendMessageA(hWndCtrl, CB_SELECTSTRING, (WPARAM)-1, (LPARAM)(LPCTSTR)value) == CB_ERR)
+    else if (::SendMessageA(hWndCtrl, CB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(static_cast<LPCTSTR>(value))) == CB_ERR)
     {
         // No item begins with the text: it goes into the edit field (a drop-down list has none).
         SetTextIfChanged(hWndCtrl, value);
@@ -336,9 +336,9 @@ void AFXAPI DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index)
 {
     HWND hWndCtrl = pDX->PrepareCtrl(nIDC);
     if (pDX->m_bSaveAndValidate)
-        index = (int)::SendMessageA(hWndCtrl, CB_GETCURSEL, 0, 0);
+        index = static_cast<int>(::SendMessageA(hWndCtrl, CB_GETCURSEL, 0, 0));
     else
-        ::SendMessageA(hWndCtrl, CB_SETCURSEL, (WPARAM)index, 0);
+        ::SendMessageA(hWndCtrl, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
 void AFXAPI DDX_Check(CDataExchange* pDX, int nIDC, int& value)
@@ -346,13 +346,13 @@ void AFXAPI DDX_Check(CDataExchange* pDX, int nIDC, int& value)
     HWND hWndCtrl = pDX->PrepareCtrl(nIDC);
     if (pDX->m_bSaveAndValidate)
     {
-        value = (int)::SendMessageA(hWndCtrl, BM_GETCHECK, 0, 0);
+        value = static_cast<int>(::SendMessageA(hWndCtrl, BM_GETCHECK, 0, 0));
         return;
     }
     // Kept from MFC: a value that is no check state is reset to unchecked, in the member too.
     if (value < BST_UNCHECKED || value > BST_INDETERMINATE)
         value = BST_UNCHECKED;
-    ::SendMessageA(hWndCtrl, BM_SETCHECK, (WPARAM)value, 0);
+    ::SendMessageA(hWndCtrl, BM_SETCHECK, static_cast<WPARAM>(value), 0);
 }
 
 void AFXAPI DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
@@ -401,7 +401,7 @@ void AFXAPI DDV_MaxChars(CDataExchange* pDX, const CString& value, int nChars)
     }
     // Loading limits the edit to the same length, so the user cannot type more.
     if (pDX->m_hWndLastControl != NULL && pDX->m_bEditLastControl)
-        ::SendMessageA(pDX->m_hWndLastControl, EM_LIMITTEXT, (WPARAM)nChars, 0);
+        ::SendMessageA(pDX->m_hWndLastControl, EM_LIMITTEXT, static_cast<WPARAM>(nChars), 0);
 }
 
 void AFXAPI DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal)

@@ -13,7 +13,7 @@ ptrdiff_t s_nFindReplaceOffset = 0;
 UINT_PTR CALLBACK AfxCommDlgHook(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_INITDIALOG)
-        return (UINT_PTR)AfxDlgProc(hWnd, message, wParam, lParam);
+        return static_cast<UINT_PTR>(AfxDlgProc(hWnd, message, wParam, lParam));
     return 0;
 }
 
@@ -26,7 +26,7 @@ void CopyText(LPTSTR lpszBuffer, WORD wBufferLen, LPCTSTR lpszText)
 
 IMPLEMENT_DYNAMIC(CCommonDialog, CDialog)
 
-CCommonDialog::CCommonDialog(CWnd* pParentWnd) : CDialog((UINT)0, pParentWnd) {}
+CCommonDialog::CCommonDialog(CWnd* pParentWnd) : CDialog(static_cast<UINT>(0), pParentWnd) {}
 
 void CCommonDialog::OnOK()
 {

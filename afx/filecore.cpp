@@ -170,7 +170,7 @@ BOOL CFileException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnH
         return FALSE;
     int nCause = m_cause >= none && m_cause <= endOfFile ? m_cause : genericException;
     CString strMessage;
-    strMessage.Format(s_causeMessages[nCause], m_strFileName.IsEmpty() ? "an unnamed file" : (LPCTSTR)m_strFileName);
+    strMessage.Format(s_causeMessages[nCause], m_strFileName.IsEmpty() ? "an unnamed file" : static_cast<LPCTSTR>(m_strFileName));
     ::lstrcpynA(lpszError, strMessage, nMaxError > INT_MAX ? INT_MAX : static_cast<int>(nMaxError));
     return TRUE;
 }

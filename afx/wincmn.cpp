@@ -6,23 +6,7 @@
 
 namespace
 {
-CObject* NewTempImageList(void* h)
-{
-    CImageList* pImageList = new CImageList;
-    pImageList->m_hImageList = static_cast<HIMAGELIST>(h);
-    return pImageList;
-}
-
-void ClearTempImageList(CObject* pObject)
-{
-    static_cast<CImageList*>(pObject)->m_hImageList = NULL;
-}
-
-CAfxHandleMap& ImageListMap()
-{
-    static CAfxHandleMap s_map(NewTempImageList, ClearTempImageList);
-    return s_map;
-}
+typedef CHandleMap<CImageList, HIMAGELIST, &CImageList::m_hImageList> CImageListMap;
 
 // Registers the common-control window classes before the first window of them.
 void InitCommonClasses(DWORD dwICC)
@@ -68,27 +52,27 @@ CImageList::~CImageList()
 
 CImageList* PASCAL CImageList::FromHandle(HIMAGELIST hImageList)
 {
-    return static_cast<CImageList*>(ImageListMap().FromHandle(hImageList));
+    return CImageListMap::FromHandle(hImageList);
 }
 
 CImageList* PASCAL CImageList::FromHandlePermanent(HIMAGELIST hImageList)
 {
-    return static_cast<CImageList*>(ImageListMap().LookupPermanent(hImageList));
+    return CImageListMap::FromHandlePermanent(hImageList);
 }
 
 void PASCAL CImageList::DeleteTempMap()
 {
-    ImageListMap().DeleteTemp();
+    CImageListMap::DeleteTempMap();
 }
 
 BOOL CImageList::Attach(HIMAGELIST hImageList)
 {
-    return ImageListMap().Attach(hImageList, m_hImageList, this);
+    return CImageListMap::Attach(this, hImageList);
 }
 
 HIMAGELIST CImageList::Detach()
 {
-    return ImageListMap().Detach(m_hImageList, this);
+    return CImageListMap::Detach(this);
 }
 
 BOOL CImageList::Create(int cx, int cy, UINT nFlags, int nInitial, int nGrow)

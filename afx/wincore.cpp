@@ -1,9 +1,50 @@
 #include <afxwin.h>
 #include <afxres.h>
 
+#include <type_traits>
+
 
 namespace
 {
+// Calls a handler that an entry keeps as AFX_PMSG with its own signature TPmf, and makes its
+// result the message's answer: lVoidResult when it returns nothing.
+template <class TPmf>
+class CHandlerCall;
+
+template <class TTarget, class TResult, class... TArgs>
+class CHandlerCall<TResult (TTarget::*)(TArgs...)>
+{
+public:
+    CHandlerCall(TTarget* pTarget, AFX_PMSG pfn, LRESULT lVoidResult)
+        : m_pTarget(pTarget), m_pfn(AfxPmsgCast<TResult (TTarget::*)(TArgs...)>(pfn)), m_lVoidResult(lVoidResult)
+    {
+    }
+
+    LRESULT operator()(TArgs... args) const
+    {
+        if constexpr (std::is_void<TResult>::value)
+        {
+            (m_pTarget->*m_pfn)(args...);
+            return m_lVoidResult;
+        }
+        else if constexpr (std::is_pointer<TResult>::value)
+            return reinterpret_cast<LRESULT>((m_pTarget->*m_pfn)(args...));
+        else
+            return static_cast<LRESULT>((m_pTarget->*m_pfn)(args...));
+    }
+
+private:
+    TTarget* m_pTarget;
+    TResult (TTarget::*m_pfn)(TArgs...);
+    LRESULT m_lVoidResult;
+};
+
+// One case of a dispatch switch, from a row of the signature tables (afxmsg_.h).
+#define AFX_SIG_CASE(sig, type, args, lVoidResult)                                                \
+    case sig:                                                                                      \
+        lResult = CHandlerCall<type>(this, lpEntry->pfn, lVoidResult) args;                        \
+        break;
+
 int GetXParam(LPARAM lParam)
 {
     return static_cast<short>(LOWORD(lParam));
@@ -14,38 +55,34 @@ int GetYParam(LPARAM lParam)
     return static_cast<short>(HIWORD(lParam));
 }
 
-CObject* NewTempWnd(void* h)
-{
-    CWnd* pWnd = new CWnd;
-    pWnd->m_hWnd = static_cast<HWND>(h);
-    return pWnd;
-}
-
-void ClearTempWnd(CObject* pObject)
-{
-    static_cast<CWnd*>(pObject)->m_hWnd = NULL; // a temporary object never owns its window
-}
-
-CAfxHandleMap& WndMap()
-{
-    static CAfxHandleMap s_map(NewTempWnd, ClearTempWnd);
-    return s_map;
-}
+typedef CHandleMap<CWnd, HWND, &CWnd::m_hWnd> CWndMap;
 
 // The message being handled, saved and restored around every call so that nested messages
 // (a handler that sends a message) leave Default() of the outer handler intact.
 thread_local MSG t_lastSentMsg = {};
-
-thread_local CWnd* t_pWndInit = NULL;
 thread_local HWND t_hWndLockout = NULL;
+
+// The object to attach to the next window this thread creates, and the hook that attaches it:
+// installed for one creation only, and removed as soon as the window is attached, so that a
+// window created from that window's own creation messages installs a hook of its own.
+thread_local CWnd* t_pWndInit = NULL;
 thread_local HHOOK t_hHookCbt = NULL;
+
+void UnhookCbt()
+{
+    ::UnhookWindowsHookEx(t_hHookCbt);
+    t_hHookCbt = NULL;
+}
 
 LRESULT CALLBACK AfxCbtFilterHook(int code, WPARAM wParam, LPARAM lParam)
 {
+    HHOOK hHook = t_hHookCbt;
     if (code == HCBT_CREATEWND && t_pWndInit != NULL)
     {
+        // Unhooked before anything else runs, so a window created from here on hooks anew.
         CWnd* pWndInit = t_pWndInit;
         t_pWndInit = NULL;
+        UnhookCbt();
         HWND hWnd = reinterpret_cast<HWND>(wParam);
         pWndInit->Attach(hWnd);
         pWndInit->PreSubclassWindow();
@@ -54,7 +91,7 @@ LRESULT CALLBACK AfxCbtFilterHook(int code, WPARAM wParam, LPARAM lParam)
         if (pfnOld != &AfxWndProc)
             pWndInit->m_pfnSuper = pfnOld;
     }
-    return ::CallNextHookEx(t_hHookCbt, code, wParam, lParam);
+    return ::CallNextHookEx(hHook, code, wParam, lParam);
 }
 
 // Messages whose default handling in the parent offers them to the child control first.
@@ -104,7 +141,7 @@ CCmdTarget::CCmdTarget() {}
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
 {
-    static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, AfxSig_end, (AFX_PMSG)0}};
+    static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, AfxSig_end, nullptr}};
     static const AFX_MSGMAP messageMap = {NULL, &entries[0]};
     return &messageMap;
 }
@@ -138,30 +175,14 @@ BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, void*)
         if (lpEntry == NULL)
             continue;
         AFX_NOTIFY* pNotify = static_cast<AFX_NOTIFY*>(pExtra);
+        LRESULT lResult = FALSE;
         switch (lpEntry->nSig)
         {
-        case AfxSigCmd_v:
-            (this->*lpEntry->pfn)();
-            return TRUE;
-        case AfxSigCmd_b:
-            return (this->*AfxPmsgCast<BOOL (CCmdTarget::*)()>(lpEntry->pfn))();
-        case AfxSigCmd_RANGE:
-            (this->*AfxPmsgCast<void (CCmdTarget::*)(UINT)>(lpEntry->pfn))(nID);
-            return TRUE;
-        case AfxSigNotify_v:
-            (this->*AfxPmsgCast<void (CCmdTarget::*)(NMHDR*, LRESULT*)>(lpEntry->pfn))(pNotify->pNMHDR,
-                                                                                           pNotify->pResult);
-            return TRUE;
-        case AfxSigNotify_b:
-            return (this->*AfxPmsgCast<BOOL (CCmdTarget::*)(NMHDR*, LRESULT*)>(lpEntry->pfn))(
-                pNotify->pNMHDR, pNotify->pResult);
-        case AfxSigNotify_RANGE:
-            (this->*AfxPmsgCast<void (CCmdTarget::*)(UINT, NMHDR*, LRESULT*)>(lpEntry->pfn))(
-                nID, pNotify->pNMHDR, pNotify->pResult);
-            return TRUE;
+            AFX_CMD_SIGNATURES(AFX_SIG_CASE)
         default:
             return FALSE;
         }
+        return static_cast<BOOL>(lResult);
     }
     return FALSE;
 }
@@ -185,28 +206,28 @@ CWnd::~CWnd()
 
 CWnd* PASCAL CWnd::FromHandlePermanent(HWND hWnd)
 {
-    return hWnd == NULL ? NULL : static_cast<CWnd*>(WndMap().LookupPermanent(hWnd));
+    return CWndMap::FromHandlePermanent(hWnd);
 }
 
 CWnd* PASCAL CWnd::FromHandle(HWND hWnd)
 {
-    return static_cast<CWnd*>(WndMap().FromHandle(hWnd));
+    return CWndMap::FromHandle(hWnd);
 }
 
 void PASCAL CWnd::DeleteTempMap()
 {
-    WndMap().DeleteTemp();
+    CWndMap::DeleteTempMap();
 }
 
 BOOL CWnd::Attach(HWND hWndNew)
 {
     // One permanent object per window: its messages can reach only one.
-    return FromHandlePermanent(hWndNew) == NULL && WndMap().Attach(hWndNew, m_hWnd, this);
+    return FromHandlePermanent(hWndNew) == NULL && CWndMap::Attach(this, hWndNew);
 }
 
 HWND CWnd::Detach()
 {
-    return WndMap().Detach(m_hWnd, this);
+    return CWndMap::Detach(this);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -216,11 +237,13 @@ void AFXAPI AfxHookWindowCreate(CWnd* pWnd)
 {
     if (t_hHookCbt == NULL)
         t_hHookCbt = ::SetWindowsHookExA(WH_CBT, AfxCbtFilterHook, NULL, ::GetCurrentThreadId());
-    t_pWndInit = pWnd;
+    t_pWndInit = t_hHookCbt != NULL ? pWnd : NULL;
 }
 
 BOOL AFXAPI AfxUnhookWindowCreate()
 {
+    if (t_hHookCbt != NULL)
+        UnhookCbt();
     if (t_pWndInit != NULL)
     {
         t_pWndInit = NULL;
@@ -475,125 +498,11 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
         return TRUE;
     }
 
-    AFX_PMSGW pfn = AfxPmsgCast<AFX_PMSGW>(lpEntry->pfn);
     UINT_PTR nSig = lpEntry->nMessage == AFX_REGISTERED_MESSAGE ? static_cast<UINT_PTR>(AfxSig_lwl) : lpEntry->nSig;
     CPoint point(GetXParam(lParam), GetYParam(lParam));
     switch (nSig)
     {
-    case AfxSig_vv:
-        (this->*pfn)();
-        break;
-    case AfxSig_bv:
-        lResult = (this->*AfxPmsgCast<BOOL (CWnd::*)()>(pfn))();
-        break;
-    case AfxSig_lwl:
-        lResult = (this->*AfxPmsgCast<LRESULT (CWnd::*)(WPARAM, LPARAM)>(pfn))(wParam, lParam);
-        break;
-    case AfxSig_is:
-        lResult = (this->*AfxPmsgCast<int (CWnd::*)(LPCREATESTRUCT)>(pfn))(reinterpret_cast<LPCREATESTRUCT>(lParam));
-        break;
-    case AfxSig_bs:
-        lResult = (this->*AfxPmsgCast<BOOL (CWnd::*)(LPCREATESTRUCT)>(pfn))(reinterpret_cast<LPCREATESTRUCT>(lParam));
-        break;
-    case AfxSig_vW:
-        (this->*AfxPmsgCast<void (CWnd::*)(CWnd*)>(pfn))(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)));
-        break;
-    case AfxSig_vwii:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, int, int)>(pfn))(static_cast<UINT>(wParam), LOWORD(lParam),
-                                                                       HIWORD(lParam));
-        break;
-    case AfxSig_vii:
-        (this->*AfxPmsgCast<void (CWnd::*)(int, int)>(pfn))(static_cast<short>(LOWORD(lParam)),
-                                                                 static_cast<short>(HIWORD(lParam)));
-        break;
-    case AfxSig_vt:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT_PTR)>(pfn))(static_cast<UINT_PTR>(wParam));
-        break;
-    case AfxSig_vwww:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, UINT, UINT)>(pfn))(static_cast<UINT>(wParam), LOWORD(lParam),
-                                                                         HIWORD(lParam));
-        break;
-    case AfxSig_vwp:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, CPoint)>(pfn))(static_cast<UINT>(wParam), point);
-        break;
-    case AfxSig_bwsp:
-        lResult = (this->*AfxPmsgCast<BOOL (CWnd::*)(UINT, short, CPoint)>(pfn))(
-            LOWORD(wParam), static_cast<short>(HIWORD(wParam)), point);
-        break;
-    case AfxSig_vwwS:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, UINT, CScrollBar*)>(pfn))(
-            LOWORD(wParam), HIWORD(wParam),
-            reinterpret_cast<CScrollBar*>(CWnd::FromHandle(reinterpret_cast<HWND>(lParam))));
-        break;
-    case AfxSig_wv:
-        lResult = (this->*AfxPmsgCast<UINT (CWnd::*)()>(pfn))();
-        break;
-    case AfxSig_hDWw:
-        lResult = reinterpret_cast<LRESULT>((this->*AfxPmsgCast<HBRUSH (CWnd::*)(CDC*, CWnd*, UINT)>(pfn))(
-            CDC::FromHandle(reinterpret_cast<HDC>(wParam)), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)),
-            message - WM_CTLCOLORMSGBOX));
-        break;
-    case AfxSig_hDw:
-    {
-        AFX_CTLCOLOR* pCtl = reinterpret_cast<AFX_CTLCOLOR*>(lParam);
-        lResult = reinterpret_cast<LRESULT>((this->*AfxPmsgCast<HBRUSH (CWnd::*)(CDC*, UINT)>(pfn))(
-            CDC::FromHandle(pCtl->hDC), pCtl->nCtlType));
-        break;
-    }
-    case AfxSig_bD:
-        lResult = (this->*AfxPmsgCast<BOOL (CWnd::*)(CDC*)>(pfn))(CDC::FromHandle(reinterpret_cast<HDC>(wParam)));
-        break;
-    case AfxSig_bWww:
-        lResult = (this->*AfxPmsgCast<BOOL (CWnd::*)(CWnd*, UINT, UINT)>(pfn))(
-            CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), LOWORD(lParam), HIWORD(lParam));
-        break;
-    case AfxSig_vOWNER:
-        (this->*AfxPmsgCast<void (CWnd::*)(int, LPTSTR)>(pfn))(static_cast<int>(wParam),
-                                                                    reinterpret_cast<LPTSTR>(lParam));
-        lResult = TRUE;
-        break;
-    case AfxSig_vb:
-        (this->*AfxPmsgCast<void (CWnd::*)(BOOL)>(pfn))(static_cast<BOOL>(wParam));
-        break;
-    case AfxSig_vbw:
-        (this->*AfxPmsgCast<void (CWnd::*)(BOOL, UINT)>(pfn))(static_cast<BOOL>(wParam), static_cast<UINT>(lParam));
-        break;
-    case AfxSig_vWp:
-        (this->*AfxPmsgCast<void (CWnd::*)(CWnd*, CPoint)>(pfn))(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)),
-                                                                      point);
-        break;
-    case AfxSig_lp:
-        lResult = (this->*AfxPmsgCast<LRESULT (CWnd::*)(CPoint)>(pfn))(point);
-        break;
-    case AfxSig_vPOS:
-        (this->*AfxPmsgCast<void (CWnd::*)(WINDOWPOS*)>(pfn))(reinterpret_cast<WINDOWPOS*>(lParam));
-        break;
-    case AfxSig_vMMI:
-        (this->*AfxPmsgCast<void (CWnd::*)(MINMAXINFO*)>(pfn))(reinterpret_cast<MINMAXINFO*>(lParam));
-        break;
-    case AfxSig_iWww:
-        lResult = (this->*AfxPmsgCast<int (CWnd::*)(CWnd*, UINT, UINT)>(pfn))(
-            CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), LOWORD(lParam), HIWORD(lParam));
-        break;
-    case AfxSig_vwWb:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, CWnd*, BOOL)>(pfn))(
-            LOWORD(wParam), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)), HIWORD(wParam));
-        break;
-    case AfxSig_vws:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, LPCTSTR)>(pfn))(static_cast<UINT>(wParam),
-                                                                      reinterpret_cast<LPCTSTR>(lParam));
-        break;
-    case AfxSig_vbNCCS:
-        (this->*AfxPmsgCast<void (CWnd::*)(BOOL, NCCALCSIZE_PARAMS*)>(pfn))(
-            static_cast<BOOL>(wParam), reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam));
-        break;
-    case AfxSig_vwl:
-        (this->*AfxPmsgCast<void (CWnd::*)(UINT, LPARAM)>(pfn))(static_cast<UINT>(wParam), lParam);
-        break;
-    case AfxSig_vMwb:
-        (this->*AfxPmsgCast<void (CWnd::*)(CMenu*, UINT, BOOL)>(pfn))(
-            CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)), LOWORD(lParam), HIWORD(lParam));
-        break;
+        AFX_WM_SIGNATURES(AFX_SIG_CASE)
     default:
         return FALSE;
     }

@@ -16,43 +16,17 @@ namespace
 // the item data in place of the text, so the buffer has room for it whatever the length says.
 void GetItemString(const CWnd* pWnd, UINT nLenMsg, UINT nTextMsg, int nIndex, CString& rString)
 {
-    int nLen = (int)pWnd->SendMessage(nLenMsg, nIndex);
+    int nLen = static_cast<int>(pWnd->SendMessage(nLenMsg, nIndex));
     if (nLen < 0)
     {
         rString.Empty();
         return;
     }
-    LPTSTR lpsz = rString.GetBuffer(nLen + (int)sizeof(ULONG_PTR));
-    int nCopied = (int)pWnd->SendMessage(nTextMsg, nIndex, (LPARAM)lpsz);
+    LPTSTR lpsz = rString.GetBuffer(nLen + static_cast<int>(sizeof(ULONG_PTR)));
+    int nCopied = static_cast<int>(pWnd->SendMessage(nTextMsg, nIndex, reinterpret_cast<LPARAM>(lpsz)));
     rString.ReleaseBuffer(nCopied < 0 ? 0 : nCopied);
 }
 
-// The owner-draw messages a parent reflects to a list box or combo box.
-template <class TList>
-BOOL ReflectOwnerDraw(TList* pList, UINT message, LPARAM lParam, LRESULT* pResult)
-{
-    LRESULT lResult = TRUE;
-    switch (message)
-    {
-    case WM_DRAWITEM:
-        pList->DrawItem((LPDRAWITEMSTRUCT)lParam);
-        break;
-    case WM_MEASUREITEM:
-        pList->MeasureItem((LPMEASUREITEMSTRUCT)lParam);
-        break;
-    case WM_COMPAREITEM:
-        lResult = pList->CompareItem((LPCOMPAREITEMSTRUCT)lParam);
-        break;
-    case WM_DELETEITEM:
-        pList->DeleteItem((LPDELETEITEMSTRUCT)lParam);
-        break;
-    default:
-        return FALSE;
-    }
-    if (pResult != NULL)
-        *pResult = lResult;
-    return TRUE;
-}
 } // namespace
 
 BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
@@ -73,7 +47,7 @@ BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT*
 {
     if (message != WM_DRAWITEM)
         return CWnd::OnChildNotify(message, wParam, lParam, pResult);
-    DrawItem((LPDRAWITEMSTRUCT)lParam);
+    DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
     if (pResult != NULL)
         *pResult = TRUE;
     return TRUE;
@@ -87,14 +61,14 @@ BOOL CEdit::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 void CEdit::GetSel(int& nStartChar, int& nEndChar) const
 {
     DWORD dwStart = 0, dwEnd = 0;
-    SendMessage(EM_GETSEL, (WPARAM)&dwStart, (LPARAM)&dwEnd);
-    nStartChar = (int)dwStart;
-    nEndChar = (int)dwEnd;
+    SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&dwStart), reinterpret_cast<LPARAM>(&dwEnd));
+    nStartChar = static_cast<int>(dwStart);
+    nEndChar = static_cast<int>(dwEnd);
 }
 
 void CEdit::SetSel(DWORD dwSelection, BOOL bNoScroll)
 {
-    SetSel((int)LOWORD(dwSelection), (int)HIWORD(dwSelection), bNoScroll);
+    SetSel(static_cast<int>(LOWORD(dwSelection)), static_cast<int>(HIWORD(dwSelection)), bNoScroll);
 }
 
 void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
@@ -107,7 +81,7 @@ void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
 CPoint CEdit::PosFromChar(UINT nChar) const
 {
     LRESULT lPos = SendMessage(EM_POSFROMCHAR, nChar);
-    return CPoint((short)LOWORD(lPos), (short)HIWORD(lPos));
+    return CPoint(static_cast<short>(LOWORD(lPos)), static_cast<short>(HIWORD(lPos)));
 }
 
 int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const
@@ -117,10 +91,10 @@ int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const
     // EM_GETLINE reads the buffer size from the buffer's first word, which a one-character
     // buffer cannot hold: such a line goes through a buffer of our own.
     TCHAR szShort[sizeof(WORD)];
-    LPTSTR lpszTarget = nMaxLength < (int)sizeof(WORD) ? szShort : lpszBuffer;
-    WORD wSize = (WORD)(nMaxLength < 0xFFFF ? nMaxLength : 0xFFFF);
+    LPTSTR lpszTarget = nMaxLength < static_cast<int>(sizeof(WORD)) ? szShort : lpszBuffer;
+    WORD wSize = static_cast<WORD>(nMaxLength < 0xFFFF ? nMaxLength : 0xFFFF);
     memcpy(lpszTarget, &wSize, sizeof(wSize));
-    int nCopied = (int)SendMessage(EM_GETLINE, nIndex, (LPARAM)lpszTarget);
+    int nCopied = static_cast<int>(SendMessage(EM_GETLINE, nIndex, reinterpret_cast<LPARAM>(lpszTarget)));
     if (lpszTarget != lpszBuffer && nCopied > 0)
         lpszBuffer[0] = szShort[0];
     return nCopied;
@@ -145,42 +119,48 @@ int CListBox::SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem)
         nLastItem = nSwap;
     }
     if (bSelect)
-        return (int)SendMessage(LB_SELITEMRANGEEX, nFirstItem, nLastItem);
+        return static_cast<int>(SendMessage(LB_SELITEMRANGEEX, nFirstItem, nLastItem));
     // LB_SELITEMRANGEEX deselects only with the range given backwards, which one item cannot be.
     if (nFirstItem == nLastItem)
         return SetSel(nFirstItem, FALSE);
-    return (int)SendMessage(LB_SELITEMRANGEEX, nLastItem, nFirstItem);
+    return static_cast<int>(SendMessage(LB_SELITEMRANGEEX, nLastItem, nFirstItem));
 }
 
 UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const
 {
-    DWORD dwResult = (DWORD)SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y));
+    DWORD dwResult = static_cast<DWORD>(SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y)));
     bOutside = HIWORD(dwResult) != 0;
     return LOWORD(dwResult);
 }
 
-void CListBox::DrawItem(LPDRAWITEMSTRUCT)
-{
-}
+void CAfxOwnerDrawList::DrawItem(LPDRAWITEMSTRUCT) {}
+void CAfxOwnerDrawList::MeasureItem(LPMEASUREITEMSTRUCT) {}
+int CAfxOwnerDrawList::CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
+void CAfxOwnerDrawList::DeleteItem(LPDELETEITEMSTRUCT) {}
 
-void CListBox::MeasureItem(LPMEASUREITEMSTRUCT)
+BOOL CAfxOwnerDrawList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
-}
-
-int CListBox::CompareItem(LPCOMPAREITEMSTRUCT)
-{
-    return 0;
-}
-
-void CListBox::DeleteItem(LPDELETEITEMSTRUCT)
-{
-}
-
-BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
-{
-    if (ReflectOwnerDraw(this, message, lParam, pResult))
-        return TRUE;
-    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    LRESULT lResult = TRUE;
+    switch (message)
+    {
+    case WM_DRAWITEM:
+        DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
+        break;
+    case WM_MEASUREITEM:
+        MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
+        break;
+    case WM_COMPAREITEM:
+        lResult = CompareItem(reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam));
+        break;
+    case WM_DELETEITEM:
+        DeleteItem(reinterpret_cast<LPDELETEITEMSTRUCT>(lParam));
+        break;
+    default:
+        return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    }
+    if (pResult != NULL)
+        *pResult = lResult;
+    return TRUE;
 }
 
 BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
@@ -191,30 +171,6 @@ BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT n
 void CComboBox::GetLBText(int nIndex, CString& rString) const
 {
     GetItemString(this, CB_GETLBTEXTLEN, CB_GETLBTEXT, nIndex, rString);
-}
-
-void CComboBox::DrawItem(LPDRAWITEMSTRUCT)
-{
-}
-
-void CComboBox::MeasureItem(LPMEASUREITEMSTRUCT)
-{
-}
-
-int CComboBox::CompareItem(LPCOMPAREITEMSTRUCT)
-{
-    return 0;
-}
-
-void CComboBox::DeleteItem(LPDELETEITEMSTRUCT)
-{
-}
-
-BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
-{
-    if (ReflectOwnerDraw(this, message, lParam, pResult))
-        return TRUE;
-    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
 }
 
 BOOL CScrollBar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
@@ -242,6 +198,6 @@ int CScrollBar::GetScrollLimit()
     GetScrollRange(&nMin, &nMax);
     SCROLLINFO info;
     if (GetScrollInfo(&info, SIF_PAGE) && info.nPage > 1)
-        nMax -= (int)(info.nPage - 1);
+        nMax -= static_cast<int>(info.nPage - 1);
     return nMax;
 }

@@ -5,64 +5,38 @@
 
 namespace
 {
-CObject* NewTempGdiObject(void* h)
+// A temporary object of the handle's own kind: a CPen for a pen, a CFont for a font, ...
+CGdiObject* NewGdiObject(HGDIOBJ h)
 {
-    CGdiObject* pObject;
     switch (::GetObjectType(h))
     {
     case OBJ_PEN:
     case OBJ_EXTPEN:
-        pObject = new CPen;
-        break;
+        return new CPen;
     case OBJ_BRUSH:
-        pObject = new CBrush;
-        break;
+        return new CBrush;
     case OBJ_FONT:
-        pObject = new CFont;
-        break;
+        return new CFont;
     case OBJ_BITMAP:
-        pObject = new CBitmap;
-        break;
+        return new CBitmap;
     case OBJ_REGION:
-        pObject = new CRgn;
-        break;
+        return new CRgn;
     default:
-        pObject = new CGdiObject;
-        break;
+        return new CGdiObject;
     }
-    pObject->m_hObject = h;
-    return pObject;
 }
 
-void ClearTempGdiObject(CObject* pObject)
-{
-    static_cast<CGdiObject*>(pObject)->m_hObject = NULL;
-}
+typedef CHandleMap<CGdiObject, HGDIOBJ, &CGdiObject::m_hObject, &NewGdiObject> CGdiObjectMap;
 
-CAfxHandleMap& GdiObjectMap()
-{
-    static CAfxHandleMap s_map(NewTempGdiObject, ClearTempGdiObject);
-    return s_map;
-}
-
-CObject* NewTempDC(void* h)
+// A temporary device context reads its attributes from itself.
+CDC* NewDC(HDC h)
 {
     CDC* pDC = new CDC;
-    pDC->m_hDC = pDC->m_hAttribDC = static_cast<HDC>(h);
+    pDC->m_hAttribDC = h;
     return pDC;
 }
 
-void ClearTempDC(CObject* pObject)
-{
-    CDC* pDC = static_cast<CDC*>(pObject);
-    pDC->m_hDC = pDC->m_hAttribDC = NULL;
-}
-
-CAfxHandleMap& DCMap()
-{
-    static CAfxHandleMap s_map(NewTempDC, ClearTempDC);
-    return s_map;
-}
+typedef CHandleMap<CDC, HDC, &CDC::m_hDC, &NewDC> CDCMap;
 
 // Applies a setting to the output DC and, when it is another one, to the attribute DC; the
 // result is the attribute DC's.
@@ -125,23 +99,23 @@ CGdiObject::~CGdiObject()
 
 CGdiObject* PASCAL CGdiObject::FromHandle(HGDIOBJ hObject)
 {
-    return static_cast<CGdiObject*>(GdiObjectMap().FromHandle(hObject));
+    return CGdiObjectMap::FromHandle(hObject);
 }
 
 void PASCAL CGdiObject::DeleteTempMap()
 {
-    GdiObjectMap().DeleteTemp();
+    CGdiObjectMap::DeleteTempMap();
 }
 
 BOOL CGdiObject::Attach(HGDIOBJ hObject)
 {
     // Several objects may hold one stock object; the latest is the one FromHandle finds.
-    return GdiObjectMap().Attach(hObject, m_hObject, this);
+    return CGdiObjectMap::Attach(this, hObject);
 }
 
 HGDIOBJ CGdiObject::Detach()
 {
-    return GdiObjectMap().Detach(m_hObject, this);
+    return CGdiObjectMap::Detach(this);
 }
 
 BOOL CGdiObject::DeleteObject()
@@ -287,17 +261,17 @@ CDC::~CDC()
 
 CDC* PASCAL CDC::FromHandle(HDC hDC)
 {
-    return static_cast<CDC*>(DCMap().FromHandle(hDC));
+    return CDCMap::FromHandle(hDC);
 }
 
 void PASCAL CDC::DeleteTempMap()
 {
-    DCMap().DeleteTemp();
+    CDCMap::DeleteTempMap();
 }
 
 BOOL CDC::Attach(HDC hDC)
 {
-    if (!DCMap().Attach(hDC, m_hDC, this))
+    if (!CDCMap::Attach(this, hDC))
         return FALSE;
     m_hAttribDC = hDC;
     return TRUE;
@@ -306,7 +280,7 @@ BOOL CDC::Attach(HDC hDC)
 HDC CDC::Detach()
 {
     m_hAttribDC = NULL;
-    return DCMap().Detach(m_hDC, this);
+    return CDCMap::Detach(this);
 }
 
 BOOL CDC::CreateDC(LPCTSTR lpszDriverName, LPCTSTR lpszDeviceName, LPCTSTR lpszOutput, const void* lpInitData)

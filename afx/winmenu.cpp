@@ -2,23 +2,7 @@
 
 namespace
 {
-CObject* NewTempMenu(void* h)
-{
-    CMenu* pMenu = new CMenu;
-    pMenu->m_hMenu = static_cast<HMENU>(h);
-    return pMenu;
-}
-
-void ClearTempMenu(CObject* pObject)
-{
-    static_cast<CMenu*>(pObject)->m_hMenu = NULL;
-}
-
-CAfxHandleMap& MenuMap()
-{
-    static CAfxHandleMap s_map(NewTempMenu, ClearTempMenu);
-    return s_map;
-}
+typedef CHandleMap<CMenu, HMENU, &CMenu::m_hMenu> CMenuMap;
 } // namespace
 
 IMPLEMENT_DYNCREATE(CMenu, CObject)
@@ -32,22 +16,22 @@ CMenu::~CMenu()
 
 CMenu* PASCAL CMenu::FromHandle(HMENU hMenu)
 {
-    return static_cast<CMenu*>(MenuMap().FromHandle(hMenu));
+    return CMenuMap::FromHandle(hMenu);
 }
 
 void PASCAL CMenu::DeleteTempMap()
 {
-    MenuMap().DeleteTemp();
+    CMenuMap::DeleteTempMap();
 }
 
 BOOL CMenu::Attach(HMENU hMenu)
 {
-    return MenuMap().Attach(hMenu, m_hMenu, this);
+    return CMenuMap::Attach(this, hMenu);
 }
 
 HMENU CMenu::Detach()
 {
-    return MenuMap().Detach(m_hMenu, this);
+    return CMenuMap::Detach(this);
 }
 
 BOOL CMenu::CreateMenu()

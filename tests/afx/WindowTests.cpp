@@ -72,6 +72,32 @@ BEGIN_MESSAGE_MAP(CDerivedWnd, CRecordingWnd)
 ON_MESSAGE(WM_TEST_VALUE, OnTestValue)
 END_MESSAGE_MAP()
 
+// Creates a window from its own WM_NCCREATE and another from its WM_CREATE, while it is itself
+// still being created.
+class CNestingWnd : public CWnd
+{
+public:
+    CWnd m_fromNcCreate;
+    CWnd m_fromCreate;
+
+    afx_msg BOOL OnNcCreate(LPCREATESTRUCT lpcs)
+    {
+        m_fromNcCreate.CreateEx(0, "STATIC", "", WS_CHILD, 0, 0, 1, 1, m_hWnd, NULL);
+        return CWnd::OnNcCreate(lpcs);
+    }
+    afx_msg int OnCreate(LPCREATESTRUCT lpcs)
+    {
+        m_fromCreate.CreateEx(0, "STATIC", "", WS_CHILD, 0, 0, 1, 1, m_hWnd, NULL);
+        return CWnd::OnCreate(lpcs);
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CNestingWnd, CWnd)
+ON_WM_NCCREATE()
+ON_WM_CREATE()
+END_MESSAGE_MAP()
+
 class CSelfDeletingWnd : public CWnd
 {
 public:
@@ -113,6 +139,10 @@ TEST_F(CWindowTest, CreationAttachesBeforeNcCreateAndRefusedCreationCleansUp)
     EXPECT_FALSE(throwing.CreateTopLevel()); // an exception in WM_CREATE refuses the window
     EXPECT_FALSE(noClass.CreateEx(0, "NoSuchClass", "", WS_POPUP, 0, 0, 1, 1, NULL, NULL));
     EXPECT_EQ(1, noClass.m_nPostNcDestroy); // the hook never ran
+    HWND hPlain = ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, NULL, NULL, NULL, NULL);
+    EXPECT_EQ(NULL, noClass.m_hWnd); // nothing left waiting for the next window
+    EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(hPlain));
+    ::DestroyWindow(hPlain);
 
     // An object may delete itself when its window is gone.
     bool bDeleted = false;
@@ -121,6 +151,23 @@ TEST_F(CWindowTest, CreationAttachesBeforeNcCreateAndRefusedCreationCleansUp)
     ASSERT_TRUE(pWnd->CreateEx(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
     EXPECT_TRUE(pWnd->DestroyWindow());
     EXPECT_TRUE(bDeleted);
+}
+
+TEST_F(CWindowTest, WindowsCreatedDuringACreationAreAttachedToTheirOwnObjects)
+{
+    CNestingWnd outer;
+    ASSERT_TRUE(outer.CreateEx(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+    for (CWnd* pWnd : {static_cast<CWnd*>(&outer), &outer.m_fromNcCreate, &outer.m_fromCreate})
+    {
+        ASSERT_NE(nullptr, pWnd->m_hWnd);
+        EXPECT_EQ(pWnd, CWnd::FromHandlePermanent(pWnd->m_hWnd));
+        EXPECT_EQ(reinterpret_cast<LONG_PTR>(&AfxWndProc), ::GetWindowLongPtrA(pWnd->m_hWnd, GWLP_WNDPROC));
+    }
+    EXPECT_EQ(outer.m_hWnd, ::GetParent(outer.m_fromCreate.m_hWnd));
+    HWND hPlain = ::CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 1, 1, outer.m_hWnd, NULL, NULL, NULL);
+    EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(hPlain));
+    EXPECT_TRUE(outer.DestroyWindow());
+    EXPECT_EQ(NULL, outer.m_fromCreate.m_hWnd); // its children went with it, detached
 }
 
 TEST_F(CWindowTest, HandlersGetDecodedArgumentsFromDerivedMapsFirstAndDefaultPassesTheCurrentMessage)

@@ -21,6 +21,8 @@ if(WIN32)
   # Windows 7 API level keeps the project's own code off newer calls. Both are the project's own
   # choices; what a host must share with the modules comes with their targets (_AFXDLL).
   add_compile_definitions(__USE_MINGW_ANSI_STDIO=1 WINVER=0x0601 _WIN32_WINNT=0x0601)
+  # MFC's debug switch: a Debug build (the win32 preset) compiles the layer's ASSERTs.
+  add_compile_definitions($<$<CONFIG:Debug>:_DEBUG>)
   # The modules share one C++ runtime, as MFC modules share one CRT: copy it beside the programs
   # and into the SDK's bin/, beside the library's DLLs.
   file(MAKE_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})

@@ -1,6 +1,6 @@
 #include "gallery/EditTipPage.h"
 
-#include <string.h>
+#include "frame/EditTip.h"
 
 namespace
 {
@@ -25,48 +25,14 @@ const int CAPTION_WIDTH = 140;
 const int EDIT_WIDTH = 170; // narrow on purpose: most texts do not fit
 const int INTRO_LINES = 3;
 
-struct TIP_SEARCH
-{
-    HWND hWndEdit;
-    HWND hWndTip;
-};
-
-// Stops at the tooltip window that has the edit as its tool.
-BOOL CALLBACK FindEditTip(HWND hWnd, LPARAM lParam)
-{
-    TIP_SEARCH* pSearch = reinterpret_cast<TIP_SEARCH*>(lParam);
-    TCHAR szClass[32];
-    if (::GetClassName(hWnd, szClass, sizeof(szClass) / sizeof(szClass[0])) == 0 ||
-        lstrcmpi(szClass, TOOLTIPS_CLASS) != 0)
-        return TRUE;
-    TOOLINFO info;
-    memset(&info, 0, sizeof(info));
-    info.cbSize = TTTOOLINFOA_V2_SIZE;
-    info.hwnd = pSearch->hWndEdit;
-    info.uId = reinterpret_cast<UINT_PTR>(pSearch->hWndEdit);
-    if (!::SendMessage(hWnd, TTM_GETTOOLINFO, 0, reinterpret_cast<LPARAM>(&info)))
-        return TRUE;
-    pSearch->hWndTip = hWnd;
-    return FALSE;
-}
-
-// The text the edit's tooltip would show, asked of the edit as the tooltip itself asks for it:
-// empty when the text fits.
+// What the edit's tooltip shows: its whole text, when the library's fit test says that it does
+// not fit; empty when it fits.
 CString GetTipText(CEdit& edit)
 {
-    TIP_SEARCH search = {edit.m_hWnd, NULL};
-    ::EnumThreadWindows(::GetCurrentThreadId(), FindEditTip, reinterpret_cast<LPARAM>(&search));
-    if (search.hWndTip == NULL)
-        return CString();
-    NMTTDISPINFOA info;
-    memset(&info, 0, sizeof(info));
-    info.hdr.hwndFrom = search.hWndTip;
-    info.hdr.idFrom = reinterpret_cast<UINT_PTR>(edit.m_hWnd);
-    info.hdr.code = TTN_GETDISPINFOA;
-    edit.SendMessage(WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
-    if (info.lpszText == NULL || IS_INTRESOURCE(info.lpszText))
-        return CString(info.szText);
-    return CString(info.lpszText);
+    CString strText;
+    if (!EditTextFits(edit.m_hWnd))
+        edit.GetWindowText(strText);
+    return strText;
 }
 } // namespace
 
@@ -84,7 +50,7 @@ int CEditTipPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
                        _T("does not fit, resting the mouse on the edit shows the whole text. These are plain ")
                        _T("\"edit\" controls.");
     if (m_bSnapshot)
-        strIntro += _T(" Below each edit: what its tooltip shows, as KelControls answers the tooltip.");
+        strIntro += _T(" Below each edit: what its tooltip shows, by the library's own fit test.");
     if (!CreateLabel(m_wndIntro, strIntro))
         return -1;
     for (int i = 0; i < EDIT_COUNT; ++i)

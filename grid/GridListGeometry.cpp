@@ -60,8 +60,9 @@ void CGridList::UpdateClientSizeToGrid()
 
 void CGridList::RefreshCell(int row, int col)
 {
+    // A hidden grid repaints whole when shown.
     CRect rect;
-    if (!m_bPaintLocked && GetCellRect(row, col, rect))
+    if (!m_bPaintLocked && IsWindowVisible() && GetCellRect(row, col, rect))
         InvalidateRect(&rect, FALSE);
 }
 
@@ -70,7 +71,7 @@ void CGridList::RefreshCell_FullRow(const Cell& cell)
     CRect rect;
     if (!IsFullRowSelectGrid())
         RefreshCell(cell);
-    else if (!m_bPaintLocked && IsValidCell(cell.row, cell.col) && GetSafeHwnd() != NULL &&
+    else if (!m_bPaintLocked && IsValidCell(cell.row, cell.col) && IsWindowVisible() &&
              CListCtrl::GetItemRect(cell.row, &rect, LVIR_BOUNDS))
         InvalidateRect(&rect, FALSE);
 }

@@ -192,6 +192,8 @@ void CGridList::UpdateItemCount(int nFromRow)
     if (GetSafeHwnd() == NULL)
         return;
     SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    if (!IsWindowVisible())
+        return;
     // Only the visible rows from the changed one down show something else now.
     CRect rcClient;
     GetClientRect(&rcClient);

@@ -223,7 +223,7 @@ BOOL CGridList::IsSelectedItem(int row, int col, bool bIgnorePrinting, CItemData
 
 void CGridList::RefreshRectCells(const CRect& rcCells)
 {
-    if (GetSafeHwnd() == NULL || rcCells.right < rcCells.left || rcCells.bottom < rcCells.top)
+    if (!IsWindowVisible() || rcCells.right < rcCells.left || rcCells.bottom < rcCells.top)
         return;
     // Only the rows on screen are worth a rectangle.
     int nTop = std::max<int>(rcCells.top, GetTopIndex());
@@ -303,10 +303,19 @@ void CGridList::AddRectCells(CRect rcCells)
     rcCells.bottom = std::min(rcCells.bottom, static_cast<LONG>(m_nRows - 1));
     if (IsNoSelection() || rcCells.right < rcCells.left || rcCells.bottom < rcCells.top)
         return;
-    // Into an empty set a rectangle goes whole, so that large selections stay small.
-    bool bWhole = m_pSelectedCells->GetCount() == 0;
+    // A rectangle that holds the whole selection becomes the set's rectangle, so that large
+    // selections stay small.
+    std::vector<Cell> cells;
+    m_pSelectedCells->GetCells(cells);
+    bool bWhole = std::all_of(cells.begin(), cells.end(), [&rcCells](const Cell& cell) {
+        return cell.col >= rcCells.left && cell.col <= rcCells.right && cell.row >= rcCells.top &&
+               cell.row <= rcCells.bottom;
+    });
     if (bWhole)
+    {
+        m_pSelectedCells->RemoveAll();
         m_pSelectedCells->SetRect(rcCells);
+    }
     for (int row = rcCells.top; row <= rcCells.bottom; ++row)
         for (int col = rcCells.left; col <= rcCells.right; ++col)
             SetCellState(row, col, CSC_SELECT, NULL, bWhole);

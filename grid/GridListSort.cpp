@@ -373,8 +373,11 @@ void CGridList::ListSort(GridSortCol* pKeys, int nCount, bool bKeepEmptyAtEnd)
             continue;
         for (int col = nFirstCol; col < m_nCols; ++col)
         {
-            DWORD dwState = pData->m_pStates[col];
-            if ((dwState & CS_SELECTED) != 0 && bRebuildSel && (!IsStyleList() || col == nFirstCol))
+            DWORD& dwState = pData->m_pStates[col];
+            // In list style a row is selected through its first data cell alone.
+            if ((dwState & CS_SELECTED) != 0 && bRebuildSel && IsStyleList() && col != nFirstCol)
+                dwState &= ~static_cast<DWORD>(CS_SELECTED);
+            if ((dwState & CS_SELECTED) != 0 && bRebuildSel)
                 m_pSelectedCells->AddUnique(Cell(row, col));
             if ((dwState & CS_CUT) != 0 && bRebuildCCP)
                 m_pCCPCells->AddUnique(Cell(row, col));

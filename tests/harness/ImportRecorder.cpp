@@ -62,6 +62,11 @@ struct CStandIns
         return TRUE;
     }
 
+    static BOOL WINAPI TrackPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, int, HWND hWnd, const RECT*)
+    {
+        return CImportRecorder::Get().AnswerPopupMenu(hMenu, uFlags, x, y, hWnd);
+    }
+
     static BOOL WINAPI GetDiskFreeSpaceA(LPCSTR pszRoot, LPDWORD pSectorsPerCluster, LPDWORD pBytesPerSector,
                                          LPDWORD pFreeClusters, LPDWORD pTotalClusters)
     {
@@ -101,6 +106,7 @@ const CHook* FindHook(LPCSTR pszDll, LPCSTR pszFunction)
 {
     static const CHook s_hooks[] = {
         KEL_HOOK("user32.dll", MessageBoxA),
+        KEL_HOOK("user32.dll", TrackPopupMenu),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceExA),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceA),
         KEL_HOOK("kernel32.dll", ExitProcess),
@@ -251,6 +257,7 @@ void CImportRecorder::ResetScript()
     m_messageBoxReplies.clear();
     m_nDefaultMessageBoxReply = IDOK;
     m_diskFreeSpaceAnswers.clear();
+    m_menuCommands.clear();
     CDiskFreeSpace diskette = {TRUE, 0, DISKETTE_BYTES, DISKETTE_BYTES, DISKETTE_BYTES};
     m_defaultDiskFreeSpace = diskette;
 }
@@ -275,6 +282,11 @@ void CImportRecorder::PushDiskFreeSpaceFailure(DWORD dwError)
 {
     CDiskFreeSpace answer = {FALSE, dwError, 0, 0, 0};
     m_diskFreeSpaceAnswers.push_back(answer);
+}
+
+void CImportRecorder::PushMenuCommand(UINT uCommand)
+{
+    m_menuCommands.push_back(uCommand);
 }
 
 void CImportRecorder::SetDefaultDiskFreeSpace(const CDiskFreeSpace& answer)
@@ -332,4 +344,40 @@ void CImportRecorder::ExitForReal(UINT uExitCode)
     fflush(NULL);
     reinterpret_cast<decltype(&::ExitProcess)>(reinterpret_cast<ULONG_PTR>(pfn))(uExitCode);
     __builtin_unreachable();
+}
+
+BOOL CImportRecorder::AnswerPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, HWND hWndOwner)
+{
+    if (!(uFlags & TPM_NONOTIFY) && hWndOwner != NULL)
+        SendMessageA(hWndOwner, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(hMenu), 0);
+
+    CPopupMenuCall call = {hWndOwner, uFlags, x, y, {}, 0};
+    int nItems = GetMenuItemCount(hMenu);
+    for (int i = 0; i < nItems; ++i)
+    {
+        MENUITEMINFOA info = {};
+        info.cbSize = sizeof(info);
+        info.fMask = MIIM_ID | MIIM_FTYPE | MIIM_STATE | MIIM_STRING;
+        if (!GetMenuItemInfoA(hMenu, i, TRUE, &info))
+            continue;
+        std::string strText(info.cch + 1, '\0');
+        info.dwTypeData = &strText[0];
+        info.cch = static_cast<UINT>(strText.size());
+        GetMenuItemInfoA(hMenu, i, TRUE, &info);
+        strText.resize(strlen(strText.c_str()));
+        CMenuItem item = {info.wID, info.fType, info.fState, strText};
+        call.m_items.push_back(item);
+    }
+    if (!m_menuCommands.empty())
+    {
+        call.m_uCommand = m_menuCommands.front();
+        m_menuCommands.pop_front();
+    }
+    m_records.m_popupMenus.push_back(call);
+
+    if (uFlags & TPM_RETURNCMD)
+        return static_cast<BOOL>(call.m_uCommand);
+    if (call.m_uCommand != 0)
+        PostMessageA(hWndOwner, WM_COMMAND, MAKEWPARAM(call.m_uCommand, 0), 0);
+    return TRUE;
 }

@@ -9,6 +9,10 @@
 //
 //   USER32   MessageBoxA: recorded, never shown; the answer is the next queued reply, or the
 //            default reply (IDOK) when the queue is empty.
+//            TrackPopupMenu: the menu's items are recorded, no menu is shown; the chosen command
+//            is the next queued one, or 0 (menu dismissed). As the real menu does, the owner
+//            first gets WM_INITMENUPOPUP (unless TPM_NONOTIFY); the command is returned with
+//            TPM_RETURNCMD, else posted to the owner as WM_COMMAND.
 //   KERNEL32 GetDiskFreeSpaceExA, GetDiskFreeSpaceA: recorded; the answer is the next queued
 //            one, or the default (a formatted 1.44 MB diskette, 1,457,664 bytes, all free).
 //            The old call reports 512-byte sectors, one per cluster.
@@ -58,10 +62,28 @@ public:
         ULONGLONG m_ullTotalFree;
     };
 
+    struct CMenuItem
+    {
+        UINT m_uId;
+        UINT m_uType;  // MFT_ flags (MFT_SEPARATOR, ...)
+        UINT m_uState; // MFS_ flags (MFS_GRAYED, MFS_CHECKED, ...)
+        std::string m_strText;
+    };
+
+    struct CPopupMenuCall
+    {
+        HWND m_hWndOwner;
+        UINT m_uFlags;
+        int m_x, m_y; // screen coordinates, as passed
+        std::vector<CMenuItem> m_items;
+        UINT m_uCommand; // the scripted choice, 0 when dismissed
+    };
+
     struct CRecords
     {
         std::vector<CMessageBoxCall> m_messageBoxes;
         std::vector<CDiskFreeSpaceCall> m_diskFreeSpaceCalls;
+        std::vector<CPopupMenuCall> m_popupMenus;
         std::vector<UINT> m_exitCodes;
     };
 
@@ -84,6 +106,7 @@ public:
     void SetDefaultMessageBoxReply(int nReply);
     void PushDiskFreeSpace(ULONGLONG ullAvailable, ULONGLONG ullTotal, ULONGLONG ullTotalFree);
     void PushDiskFreeSpaceFailure(DWORD dwError);
+    void PushMenuCommand(UINT uCommand);
     void SetDefaultDiskFreeSpace(const CDiskFreeSpace& answer);
 
     const CRecords& GetRecords() const { return m_records; }
@@ -114,6 +137,7 @@ private:
     // The stand-ins share these, one per family of functions.
     int AnswerMessageBox(HWND hWndOwner, std::string strText, std::string strCaption, UINT uType);
     BOOL AnswerDiskFreeSpace(LPCSTR pszRoot, bool bEx, CDiskFreeSpace& answer);
+    BOOL AnswerPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, HWND hWndOwner);
     [[noreturn]] void AnswerExitProcess(UINT uExitCode);
 
     friend struct CStandIns;
@@ -123,6 +147,7 @@ private:
     std::deque<int> m_messageBoxReplies;
     int m_nDefaultMessageBoxReply;
     std::deque<CDiskFreeSpace> m_diskFreeSpaceAnswers;
+    std::deque<UINT> m_menuCommands;
     CDiskFreeSpace m_defaultDiskFreeSpace;
     PFNEXITHANDLER m_pfnExitHandler;
 };

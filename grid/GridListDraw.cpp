@@ -132,6 +132,8 @@ void CGridList::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     for (int col = nFirst; col <= nLast; ++col)
         DrawGridCell(row, col, lpDrawItemStruct->hDC);
     m_nDrawRow = -1;
+    // Cells repainted on their own are always drawn whole.
+    m_nDrawAction = ODA_DRAWENTIRE;
 }
 
 BOOL CGridList::IsDrawFocused(int row) const
@@ -181,13 +183,12 @@ void CGridList::DrawGrid(int row, int col, const CRect& rcCell, CDC* pDC)
 
 void CGridList::DrawCell(int row, int col, CDC* pDC, const CRect& rcCell, CRect& rcText, int& nIconSide)
 {
-    const DWORD dwState = GetCellState(row, col);
     const bool bHeader = IsHdrCell(row, col) != FALSE;
     const bool bFocused = IsDrawFocused(row) != FALSE;
     COLORREF crBk;
     COLORREF crTextBk;
     COLORREF crText;
-    if (dwState & CS_CUT)
+    if (IsCutItem(row, col))
     {
         crBk = crTextBk = ::GetSysColor(COLOR_INACTIVEBORDER);
         crText = ::GetSysColor(COLOR_WINDOWTEXT);
@@ -204,7 +205,7 @@ void CGridList::DrawCell(int row, int col, CDC* pDC, const CRect& rcCell, CRect&
         if (crText == CR_NONE)
             crText = m_crText;
     }
-    const bool bSelected = (dwState & CS_SELECTED) != 0 && !m_bPrinting && !IsNoSelection();
+    const bool bSelected = IsSelectedItem(row, col) && !IsNoSelection();
     if (bSelected && !(m_bHideSelection && !bFocused))
     {
         if (m_bTransparentSelection)
@@ -525,9 +526,8 @@ void CGridList::DrawGridCellFocus(int row, int col, CDC* pDC, CRect rcCell, CRec
     if (bFullRow && !(bFirst && bLast))
         nSides = bFirst ? 11 : bLast ? 14 : 10;
 
-    const DWORD dwState = GetCellState(row, col);
-    const COLORREF cr = GetDrawItemBkColor(row, col, (dwState & CS_SELECTED) != 0 && !m_bPrinting,
-                                           (dwState & CS_CUT) != 0, IsDrawFocused(row) != FALSE);
+    const COLORREF cr = GetDrawItemBkColor(row, col, IsSelectedItem(row, col) != FALSE, IsCutItem(row, col) != FALSE,
+                                           IsDrawFocused(row) != FALSE);
     CRect rect(rcCell);
     if (m_nDrawState & ODS_FOCUS)
     {

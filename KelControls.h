@@ -12,5 +12,6 @@
 #include "frame/KelControlsFrame.h"
 #include "frame/EditTip.h"
 #include "frame/EventList.h"
+#include "grid/GridList.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -1,0 +1,97 @@
+// CGridList::CItemData, the record of one grid row, and CGridList::CTextPool, the grid's store
+// of cell texts.
+#pragma once
+
+#include "grid/GridList.h"
+
+// The record of a row: eleven slots, each per-column array allocated on the first write of its
+// kind and freed with the record. Texts are slots into the grid's text pool, not heap blocks.
+class CGridList::CItemData
+{
+public:
+    // A cell's text buffer: its capacity (0 for none) and where it lies in the pool.
+    struct CTextSlot
+    {
+        UINT nCapacity;
+        UINT nOffset;
+    };
+
+    CItemData();
+    // Frees every array and gives the texts back to the pool.
+    void Free(CTextPool& pool, int nCols);
+
+    // Each returns the array, allocating it filled with its "none" value; null when out of memory.
+    CTextSlot* EnsureTexts(int nCols);
+    DWORD* EnsureItemData(int nCols) { return EnsureArray(m_pItemData, nCols, DWORD(0xFFFFFFFF)); }
+    DWORD* EnsureStates(int nCols) { return EnsureArray(m_pStates, nCols, DWORD(0)); }
+    DWORD* EnsureFormats(int nCols) { return EnsureArray(m_pFormats, nCols, DWORD(0xFFFFFFFF)); }
+    COLORREF* EnsureTextColors(int nCols) { return EnsureArray(m_pTextColors, nCols, COLORREF(0xFFFFFFFF)); }
+    COLORREF* EnsureTextBkColors(int nCols) { return EnsureArray(m_pTextBkColors, nCols, COLORREF(0xFFFFFFFF)); }
+    COLORREF* EnsureBkColors(int nCols) { return EnsureArray(m_pBkColors, nCols, COLORREF(0xFFFFFFFF)); }
+    int* EnsureImages(int nCols) { return EnsureArray(m_pImages, nCols, -1); }
+    DWORD* EnsureEditIcons(int nCols) { return EnsureArray(m_pEditIcons, nCols, DWORD(0xFFFF)); }
+    short* EnsureEditIconTypes(int nCols) { return EnsureArray(m_pEditIconTypes, nCols, short(-1)); }
+
+    CTextSlot* m_pTexts;        // 0
+    DWORD* m_pItemData;         // 1
+    DWORD* m_pStates;           // 2
+    DWORD* m_pFormats;          // 3: low word own format, high word draw format and placement
+    COLORREF* m_pTextColors;    // 4
+    COLORREF* m_pTextBkColors;  // 5
+    COLORREF* m_pBkColors;      // 6
+    int* m_pImages;             // 7
+    DWORD* m_pEditIcons;        // 8: low word icon, high word flag
+    short* m_pEditIconTypes;    // 9
+    int m_nRowTextFormat;       // 10
+
+private:
+    template <class T>
+    static T* EnsureArray(T*& pArray, int nCols, T fill)
+    {
+        if (pArray == NULL && nCols > 0)
+        {
+            pArray = static_cast<T*>(malloc(sizeof(T) * static_cast<size_t>(nCols)));
+            if (pArray != NULL)
+                for (int i = 0; i < nCols; ++i)
+                    pArray[i] = fill;
+        }
+        return pArray;
+    }
+};
+
+#ifndef _WIN64
+static_assert(sizeof(CGridList::CItemData) == 44, "the row record is eleven 32-bit slots on Win32");
+#endif
+
+// The cell texts of one grid. Buffers are carved from 1 MiB chunks that never move, addressed
+// by a 32-bit offset; a freed buffer goes to the free list of its size class and is reused.
+class CGridList::CTextPool
+{
+public:
+    CTextPool() {}
+    ~CTextPool() { FreeAll(); }
+    CTextPool(const CTextPool&) = delete;
+    CTextPool& operator=(const CTextPool&) = delete;
+
+    // A buffer of at least nSize bytes (1 to 65536): true with its offset, false when out of memory.
+    bool Alloc(UINT nSize, UINT& nOffset);
+    void Free(UINT nOffset, UINT nSize);
+    char* GetAt(UINT nOffset) const { return m_arChunks[nOffset >> CHUNK_BITS] + (nOffset & (CHUNK_SIZE - 1)); }
+    void FreeAll();
+
+private:
+    enum
+    {
+        CHUNK_BITS = 20,
+        CHUNK_SIZE = 1 << CHUNK_BITS,
+        // Sizes up to 64 bytes go by steps of 4, larger ones by powers of two up to 65536.
+        SMALL_LIMIT = 64,
+        CLASS_COUNT = SMALL_LIMIT / 4 + 10,
+    };
+    static UINT ClassOf(UINT nSize);
+    static UINT ClassSize(UINT nClass);
+
+    std::vector<char*> m_arChunks;
+    UINT m_nUsed = CHUNK_SIZE; // bytes used in the last chunk; full when there is none
+    std::vector<UINT> m_arFree[CLASS_COUNT];
+};

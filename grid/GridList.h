@@ -1,0 +1,579 @@
+// CGridList: the cell area of the grid window, a rectangle of text cells with an optional fixed
+// header row (row 0) and header column (column 0).
+//
+// It is an owner-drawn report list view with no header of its own, in owner-data mode: the
+// list view knows only how many rows there are, and the rows live in the grid's own vector,
+// one slot per row holding the row's record (CItemData), created on the first write to the
+// row. A million unwritten rows cost one pointer each. Cell texts live in a text pool per grid.
+//
+// Notifications are WM_NOTIFY messages to the parent of the grid window (the grid window being
+// the CGridList's own parent), naming the grid window and its control id as the source.
+#pragma once
+
+#include <afxwin.h>
+#include <afxcmn.h>
+#include <afxtempl.h>
+
+#include "grid/GridTypes.h"
+
+#include <memory>
+#include <vector>
+
+// Notification codes of the grid (WM_NOTIFY to the grid window's parent).
+#define GN_CCPMENU (0U - 186U)       // before the copy/cut/paste menu or key: NMGRIDCCPMENU
+#define GN_CARETCHANGE (0U - 188U)   // the caret moved: NMGRIDCARETCHANGE
+#define GN_EDITEND (0U - 194U)       // an in-place edit ends
+#define GN_EDITBEGIN (0U - 195U)     // an in-place edit is about to begin
+#define GN_CCP (0U - 196U)           // copy, cut or paste asked for: NMGRIDCCP
+#define GN_COMBOSELENDOK (0U - 197U) // the in-place combo box chose an entry
+#define GN_CELLCHANGE (0U - 198U)    // the caret cell changed, after GN_CARETCHANGE: NMGRIDCELL
+
+// GN_CCPMENU: 1 allows an item, 0 forbids it. A non-zero result makes the grid read the three
+// values back as the host left them.
+struct NMGRIDCCPMENU
+{
+    NMHDR hdr;
+    int nCopy;
+    int nCut;
+    int nPaste;
+};
+
+// GN_CARETCHANGE: the host may give the new caret cell an edit icon by filling in the last three
+// fields and answering non-zero (-1 as icon means none).
+struct NMGRIDCARETCHANGE
+{
+    NMHDR hdr;
+    Cell oldCell;
+    Cell newCell;
+    DWORD dwEditIconType; // sent as 0xFFFFFFFF
+    short nEditIcon;      // sent as -1
+    DWORD dwEditIconFlag; // sent as 0
+};
+
+// GN_CCP: nAction 1 copy, 2 cut, 5 paste of a copy, 6 paste of a cut. A non-zero result accepts.
+struct NMGRIDCCP
+{
+    NMHDR hdr;
+    int nAction;
+    Cell source;
+};
+
+// GN_CELLCHANGE: the caret cell.
+struct NMGRIDCELL
+{
+    NMHDR hdr;
+    Cell cell;
+};
+
+#ifndef _WIN64
+static_assert(sizeof(NMGRIDCCPMENU) == 24, "three values after the header");
+static_assert(sizeof(NMGRIDCARETCHANGE) == 40, "the caret-change record is 40 bytes on Win32");
+static_assert(sizeof(NMGRIDCCP) == 24, "action and source after the header");
+static_assert(sizeof(NMGRIDCELL) == 20, "one cell after the header");
+#endif
+
+class AFX_EXT_CLASS CGridList : public CListCtrl
+{
+    DECLARE_DYNAMIC(CGridList)
+public:
+    class CItemData;
+    class CSelectedCells;
+    class CTextPool;
+
+    // Cell state flags.
+    enum eCellState
+    {
+        CS_SELECTED = 1,
+        CS_CARET = 2,
+        CS_CUT = 4,
+        CS_CCPINDEX = 8, // the copy/cut source cell while a copy or cut is pending
+    };
+
+    // The changes SetCellState applies.
+    enum eCellStateChange
+    {
+        CSC_SELECT = 1,
+        CSC_UNSELECT = 2,
+        CSC_CUT = 4,           // only while a cut is pending
+        CSC_UNCUT = 8,         // likewise
+        CSC_CCPINDEX = 16,     // only while a copy or cut is pending
+        CSC_CLEARCCPINDEX = 32, // likewise
+        CSC_CARET = 64,
+        CSC_CLEARCARET = 128,
+    };
+
+    // Where a cell's text format comes from.
+    enum CELLFMT
+    {
+        CELLFMT_CELL = 0,
+        CELLFMT_ROW = 1,
+        CELLFMT_COL = 2,
+    };
+
+    // Grid style bits (GetStyle, ModifyStyle).
+    enum
+    {
+        GS_SINGLESEL = 0x001,
+        GS_NOSEL = 0x002,
+        GS_LIST = 0x004,
+        GS_FULLROWSELECT = 0x008,
+        GS_NOGRIDLINES = 0x010,
+        GS_GRIDTRACK = 0x020,
+        GS_SHOWCARETALWAYS = 0x040,
+        GS_SORTONHDR = 0x080,
+        GS_KEYBOARDFIND = 0x100,
+        GS_FINDONSORTCOLUMN = 0x200,
+        GS_GRAYONDISABLE = 0x400,
+    };
+
+    // Edit-icon styles.
+    enum
+    {
+        EIS_SHOW = 0x2,    // show edit icons
+        EIS_ONFOCUS = 0x4, // only on the focused cell
+    };
+
+    // Cell image placement, kept in the draw format's high word.
+    enum
+    {
+        IMAGE_BEFORE_TEXT = 2048,
+        IMAGE_AFTER_TEXT = 4096,
+    };
+
+    // The predefined edit icons.
+    enum
+    {
+        EDITICON_NONE = -1,
+        EDITICON_DROPDOWN = -2,
+        EDITICON_DIALOG = -3,
+    };
+
+    // The in-place editors' control ids and the edit box's text limit.
+    enum
+    {
+        IDC_GRIDCOMBO = 1005,
+        IDC_GRIDEDIT = 1008,
+        GRIDEDIT_LIMIT = 255,
+    };
+
+    // The context menu's commands.
+    enum
+    {
+        ID_GCCP_COPY = 1,
+        ID_GCCP_CUT = 2,
+        ID_GCCP_PASTE = 4,
+    };
+
+    // The context menu's texts: copy, cut, paste.
+    static const char m_stszCCPMenuNames[3][7];
+
+    CGridList();
+    ~CGridList() override;
+
+    // ---- Creation and shape --------------------------------------------------------------
+    virtual BOOL Create(int nRows, int nCols, int bFixedRow, int bFixedCol, const RECT& rect, CWnd* pParent,
+                        UINT nID);
+    BOOL SetFixedRowCol(int nRows, int nCols, int bFixedRow, int bFixedCol);
+    BOOL InitRowsAndCols();
+    // Returns the new row's index, or -1.
+    int InsertRow(int nRow, bool bNoRedraw = false);
+    BOOL DeleteRow(int nRow, bool bNoRedraw = false);
+    void DeleteAllItemData();
+    void ClearAllCells(bool bTextOnly);
+
+    int GetRowCount() const { return m_nRows; }
+    int GetColCount() const { return m_nCols; }
+    BOOL IsFixedRow() const { return m_bFixedRow; }
+    BOOL IsFixedCol() const { return m_bFixedCol; }
+    UINT GetID() const { return m_nID; }
+
+    DWORD GetStyle() const { return m_dwGridStyle; }
+    // Resets the whole style to 0 for the combinations the grid does not allow.
+    void ModifyStyle(DWORD dwRemove, DWORD dwAdd);
+    BOOL IsSingleSelection() const { return (m_dwGridStyle & (GS_SINGLESEL | GS_NOSEL)) == GS_SINGLESEL; }
+    BOOL IsNoSelection() const { return (m_dwGridStyle & (GS_SINGLESEL | GS_NOSEL)) == GS_NOSEL; }
+    BOOL IsMultiSelection() const { return (m_dwGridStyle & (GS_SINGLESEL | GS_NOSEL)) == 0; }
+    BOOL IsStyleList() const { return (m_dwGridStyle & GS_LIST) != 0; }
+    BOOL IsFullRowSelect() const { return (m_dwGridStyle & GS_FULLROWSELECT) != 0; }
+    BOOL IsFullRowSelectGrid() const { return IsFullRowSelect() && (IsStyleList() || !IsSingleSelection()); }
+    BOOL IsNoGridLines() const { return (m_dwGridStyle & GS_NOGRIDLINES) != 0; }
+    BOOL IsGridTrack() const { return (m_dwGridStyle & GS_GRIDTRACK) != 0; }
+    BOOL IsShowCaretAlways() const { return (m_dwGridStyle & GS_SHOWCARETALWAYS) != 0; }
+    BOOL IsSortOnHdr() const { return (m_dwGridStyle & GS_SORTONHDR) != 0; }
+    BOOL IsKeyboardFind() const { return (m_dwGridStyle & GS_KEYBOARDFIND) != 0; }
+    BOOL IsFindOnSortColumn() const { return (m_dwGridStyle & GS_FINDONSORTCOLUMN) != 0; }
+    BOOL IsGrayOnDisable() const { return (m_dwGridStyle & GS_GRAYONDISABLE) != 0; }
+
+    void SetRowHeight(int nHeight);
+    int GetRowHeight() const { return m_nRowHeight; }
+    void SetCellPadding(const CRect& rcPadding) { m_rcCellPadding = rcPadding; }
+    CRect GetCellPadding() const { return m_rcCellPadding; }
+    CSize GetGridSize();
+
+    // ---- Cell kinds ----------------------------------------------------------------------
+    BOOL IsValidCell(int row, int col) const { return row >= 0 && row < m_nRows && col >= 0 && col < m_nCols; }
+    BOOL IsHdrCell(int row, int col) const;
+    BOOL IsNonHdrCell(int row, int col) const { return IsValidCell(row, col) && !IsHdrCell(row, col); }
+    BOOL IsNonHdrCell(const Cell& cell) const { return IsNonHdrCell(cell.row, cell.col); }
+    // The first row and column that are not headers.
+    int GetFirstDataRow() const { return m_bFixedRow ? 1 : 0; }
+    int GetFirstDataCol() const { return m_bFixedCol ? 1 : 0; }
+
+    // ---- Row records ---------------------------------------------------------------------
+    // The row's record; with bCreate, an empty one is made for a row that has none.
+    CItemData* GetItemData(int row, bool bCreate) const;
+    // The row's own slot, as it is (normally the row record).
+    BOOL SetItemDataPtr(int row, DWORD_PTR dwData);
+    DWORD_PTR GetItemDataPtr(int row) const;
+
+    // ---- Cell content --------------------------------------------------------------------
+    BOOL SetText(int row, int col, LPCTSTR lpszText, bool bNoRedraw = false);
+    // The cell's text, or an empty string; valid until the cell changes.
+    LPCTSTR GetText(int row, int col) const;
+    // The caret cell's text.
+    LPCTSTR GetText() const { return GetText(m_CaretCell.row, m_CaretCell.col); }
+    BOOL SetItemData(int row, int col, DWORD dwData);
+    // 0xFFFFFFFF for none or an invalid cell.
+    DWORD GetItemData(int row, int col) const;
+
+    BOOL SetItemTextColor(int row, int col, COLORREF cr);
+    COLORREF GetItemTextColor(int row, int col) const;
+    BOOL SetItemTextBkColor(int row, int col, COLORREF cr);
+    COLORREF GetItemTextBkColor(int row, int col) const;
+    BOOL SetItemBkColor(int row, int col, COLORREF cr);
+    COLORREF GetItemBkColor(int row, int col) const;
+
+    void SetTextColor(COLORREF cr);
+    COLORREF GetTextColor() const { return m_crText; }
+    void SetTextBkColor(COLORREF cr);
+    COLORREF GetTextBkColor() const { return m_crTextBk; }
+    void SetBkColor(COLORREF cr);
+    COLORREF GetBkColor() const { return m_crBk; }
+    void SetGridLineColor(COLORREF cr);
+    COLORREF GetGridLineColor() const { return m_crGridLine; }
+    void SetSelectionColor(COLORREF cr);
+    COLORREF GetSelectionColor() const { return m_crSelection; }
+    void SetTransperantSelection(BOOL bTransparent);
+    BOOL GetTransperantSelection() const { return m_bTransparentSelection; }
+
+    // Cell images come from the list's small image list (SetImageList(pList, LVSIL_SMALL)).
+    BOOL SetCellImage(int row, int col, int nImage, long nPlacement = -1);
+    int GetCellImage(int row, int col) const;
+    // IMAGE_BEFORE_TEXT unless set otherwise.
+    long GetCellImagePlacement(int row, int col) const;
+
+    // Edit icons: the image list (not owned) and the styles (EIS_).
+    void SetEditIconImageList(CImageList* pImageList) { m_pEditIconImageList = pImageList; }
+    CImageList* GetEditIconImageList() const { return m_pEditIconImageList; }
+    void SetEditIconStyle(DWORD dwStyle);
+    DWORD GetEditIconStyle() const { return m_dwEditIconStyle; }
+    BOOL SetCellEditIcon(int row, int col, int nIcon, short nEditType, DWORD dwFlag);
+    // -1 for none.
+    int GetCellEditIcon(int row, int col) const;
+    DWORD GetCellEditIconFlag(int row, int col) const;
+    short GetCellEditIconEditType(int row, int col) const;
+    // The cell showing its edit icon on the caret (edit icons on the focused cell only).
+    Cell GetEditIconCell() const { return m_EditIconCell; }
+
+    // ---- Text formats (LVCFMT_LEFT 0, LVCFMT_RIGHT 1, LVCFMT_CENTER 2) -------------------------
+    BOOL SetCellTextFormat(int row, int col, long fmt);
+    BOOL SetRowTextFormat(int row, long fmt);
+    BOOL SetColumnTextFormat(int col, long fmt);
+    long GetCellTextFormat(int row, int col) const;
+    long GetRowTextFormat(int row) const;
+    long GetColumnTextFormat(int col) const;
+    // The effective format: as a public code (0 when none), or as a DrawText alignment
+    // (DT_LEFT 0, DT_CENTER 1, DT_RIGHT 2).
+    long GetCellTextDrawFormat(int row, int col) const;
+    long GetCellTextDrawFormat_DT(int row, int col) const;
+    BOOL SetCellTextDrawFormat(int row, int col, long fmt, CELLFMT source, bool bForce = false);
+
+    // ---- Cell states and selection -------------------------------------------------------
+    BOOL SetCellState(const Cell& cell, eCellStateChange change, void* pSet = NULL, bool bFlagsOnly = false);
+    BOOL SetCellState(int row, int col, eCellStateChange change, void* pSet = NULL, bool bFlagsOnly = false);
+    // 0 for none.
+    DWORD GetCellState(int row, int col) const;
+    BOOL IsSelectedCell(const Cell& cell, bool bIgnorePrinting = false) const;
+    BOOL IsSelectedItem(int row, int col, bool bIgnorePrinting = false, CItemData* pData = NULL) const;
+    BOOL IsCaretItem(int row, int col) const { return (GetCellState(row, col) & CS_CARET) != 0; }
+    BOOL IsCutItem(int row, int col) const { return (GetCellState(row, col) & CS_CUT) != 0; }
+    BOOL IsCCPIndexItem(int row, int col) const { return (GetCellState(row, col) & CS_CCPINDEX) != 0; }
+
+    BOOL SetCurSel(int row, int col, bool bEnsureVisible = true);
+    BOOL SetCurSel(int firstRow, int firstCol, int lastRow, int lastCol);
+    BOOL Add2CurSel(int row, int col);
+    BOOL RemoveSel(int row, int col);
+    void RemoveAllSelection();
+    void RefreshAllSelection();
+    int GetSelectedCount() const;
+    // Every selected cell, row by row.
+    void GetSelectionArray(CArray<Cell>& cells) const;
+    int GetFirstSelectedCellRow() const;
+    int GetFirstSelectedCellCol() const;
+    CSelectedCells* GetSelectedCells() const { return m_pSelectedCells.get(); }
+    CSelectedCells* GetCCPCells() const { return m_pCCPCells.get(); }
+    Cell GetAnchorCell() const { return m_AnchorCell; }
+
+    // ---- Caret ---------------------------------------------------------------------------
+    BOOL SetCurCaret(int row, int col);
+    BOOL SetTabCaret(int row, int col);
+    void SetCaretItem(const Cell& cell);
+    int GetRow() const { return m_CaretCell.row; }
+    int GetCol() const { return m_CaretCell.col; }
+    Cell GetCaretCell() const { return m_CaretCell; }
+    // Repaints the caret cell (its row in full-row grids); bSetAnchor makes it the anchor too.
+    void RefreshCaret(const Cell& cell, bool bSetAnchor = false, bool bEnsureVisible = false);
+    void HideCaret(bool bHide);
+    BOOL IsCaretHidden() const { return m_bHideCaret; }
+    void SetGraySelectionOnKillFocus(bool bGray) { m_bGraySelection = bGray; }
+    BOOL IsGraySelectionOnKillFocus() const { return m_bGraySelection; }
+    void SetHideSelectionOnKillFocus(bool bHide) { m_bHideSelection = bHide; }
+    BOOL IsHideSelectionOnKillFocus() const { return m_bHideSelection; }
+
+    // ---- Selection steps of the mouse and keyboard handlers -------------------------------
+    void RemoveAllSelectedNAddCell(Cell cell);
+    void InvertSelection(Cell cell);
+    void SelectDragCells(Cell anchor, Cell current, Cell oldCaret);
+    void SetDragSelection(Cell anchor, Cell current, Cell oldAnchorEnd);
+    // The parts of the rectangle anchor..oldEnd and the rectangle anchor..newEnd that differ:
+    // bRemove with the cells that left, bAdd with those that entered (cells, inclusive).
+    void FindIntersectCellRects(Cell anchor, Cell oldEnd, Cell newEnd, bool& bRemove, CRect& rcRemove, bool& bAdd,
+                                CRect& rcAdd);
+    // Rectangles of cells: left/right are columns, top/bottom rows, inclusive.
+    void AddRectCells(CRect rcCells);
+    void RemoveRectCells(CRect rcCells);
+    BOOL AddSelectedCell(const Cell& cell, bool bRefresh = true);
+    BOOL AddSelectedCell_Impl(const Cell& cell, bool bRefresh);
+    BOOL RemoveSelectedCell(const Cell& cell, bool bRefresh = true);
+    void RemoveCell(CSelectedCells* pSet, Cell cell);
+    BOOL IsAdjacentCells(const Cell& first, const Cell& second) const;
+
+    // ---- Copy, cut and paste -------------------------------------------------------------
+    void EnableCCP(bool bEnable);
+    BOOL IsCCPEnabled() const { return m_CCPMenu.GetSafeHmenu() != NULL; }
+    // -1 or 0 none, 1 copy pending, 2 cut pending.
+    int GetCCPState() const { return m_nCCPState; }
+    BOOL OnGCCP_Copy();
+    BOOL OnGCCP_Cut();
+    BOOL OnGCCP_Paste();
+    void SetCCP(int nState, int row, int col, CArray<Cell>& cells);
+    BOOL GetCCPCellIndex(Cell& cell) const;
+    void GetCCPArray(CArray<Cell>& cells) const;
+    int GetCCPArraySize() const;
+    void ClearGCCPArray();
+    BOOL Copy2GCCPArray(CSelectedCells* pSet, const Cell& source);
+    BOOL Copy2GCCPArray(const CArray<Cell>& cells, const Cell& source);
+    // The context menu of the right button: builds the menu's enabled states (asking the host
+    // with GN_CCPMENU) for a press at the point, then tracks it at the release point. Both
+    // return 0 when no menu is offered.
+    BOOL PrepareCCPMenu(CPoint point);
+    BOOL TrackCCPMenu(CPoint point);
+    CMenu* GetCCPMenu() { return &m_CCPMenu; }
+
+    // ---- Notifications -------------------------------------------------------------------
+    LRESULT Send_GN_CCPMENU(int& nCopy, int& nCut, int& nPaste);
+    LRESULT Send_GN_CCP(int nAction, const Cell& source);
+    LRESULT SendCaretChangeNotification(const Cell& oldCell, const Cell& newCell);
+    LRESULT SendGridCellChangeNotification();
+    LRESULT SendItemActivateNotification(UINT nCode, int row, int col, CPoint point);
+
+    // ---- Sorting -------------------------------------------------------------------------
+    // The comparators: pointers to two CItemData* array elements and a context of
+    // (GridSortCol* keys, int count) as two pointer-sized values; with null keys the count is
+    // itself the column of a single-key sort.
+    struct CSortContext
+    {
+        GridSortCol* pKeys;
+        INT_PTR nCount;
+    };
+    static int CompareTextAscending(const void* p1, const void* p2, void* pContext);
+    static int CompareTextDescending(const void* p1, const void* p2, void* pContext);
+    static int CompareNumbersAscending(const void* p1, const void* p2, void* pContext);
+    static int CompareNumbersDescending(const void* p1, const void* p2, void* pContext);
+    static int CompareTimeAscending(const void* p1, const void* p2, void* pContext);
+    static int CompareTimeDescending(const void* p1, const void* p2, void* pContext);
+    // Compares by keys 1 to nCount - 1.
+    static int CompareSecondaryCols(CItemData* pFirst, CItemData* pSecond, GridSortCol* pKeys, int nCount);
+    void ListSort(GridSortCol* pKeys, int nCount, bool bKeepEmptyAtEnd = false);
+    void ListSort(int col, short nSortType, bool bKeepEmptyAtEnd = false);
+    void MoveRowinSort(int nTo, int nFrom);
+    BOOL CheckSelection4ChangeOnSort(CSelectedCells* pSet);
+
+    // ---- Geometry ------------------------------------------------------------------------
+    BOOL GetCellRect(int row, int col, CRect& rect);
+    int GetColumnWidth(int col) const;
+    BOOL SetColumnWidth(int col, int nWidth);
+    void SetAllColsToWidth(int nWidth);
+    int GetFixedColWidht() const;
+    int GetTotalVisibleColumnWidht() const;
+    int GetFirstVisibleRow() const;
+    int GetLastVisibleRow() const;
+    int GetFirstVisibleCol() const;
+    int GetLastVisibleCol() const;
+    BOOL IsHorzScrollBarVisible() const;
+    BOOL IsVertScrollBarVisible() const;
+    BOOL EnsureVisible(int row, int col);
+    void FitToGrid(int bFit, const CSize& maxSize);
+    BOOL IsFitToGrid() const { return m_bFitToGrid; }
+    void IgnoreFitToGrid(bool bIgnore) { m_bIgnoreFitToGrid = bIgnore; }
+    BOOL IsIgnoreFitToGrid() const { return m_bIgnoreFitToGrid; }
+    void UpdateClientSizeToGrid();
+    void SetEvenColumnWidthNHeight(int nWidth, int nHeight);
+    void FitColHeaders();
+    void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+
+    // ---- Drawing -------------------------------------------------------------------------
+    void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) override;
+    virtual void DrawGridCell(int row, int col, HDC hDC);
+    virtual void DrawCell(int row, int col, CDC* pDC, const CRect& rcCell, CRect& rcText, int& nIconSide);
+    virtual void DrawCellText(int row, int col, CDC* pDC, CRect rcText, long nDTAlign);
+    void DrawGrid(int row, int col, const CRect& rcCell, CDC* pDC);
+    void DrawGridCellFocus(int row, int col, CDC* pDC, CRect rcCell, CRect rcRow, int nIconSide);
+    void DrawFocusRect(CDC* pDC, CRect& rect, const COLORREF& cr, UINT nSides);
+    void DrawGridPredefinedEditIcon(int nIcon, CDC* pDC, CRect rect);
+    void RedrawFocusRect();
+    void UpdateFocusRect(bool bFocus);
+    COLORREF GetDrawItemBkColor(int row, int col, bool bSelected, bool bCut, bool bFocus);
+    COLORREF Transform2SelColor(COLORREF cr);
+    void LockPainting(bool bLock) { m_bPaintLocked = bLock; }
+    BOOL IsPaintingLocked() const { return m_bPaintLocked; }
+    // While printing the grid shows no selection and no edit icons; with bPrintBkColor the
+    // cells keep their background colours.
+    void SetPrinting(bool bPrinting) { m_bPrinting = bPrinting; }
+    BOOL IsPrinting() const { return m_bPrinting; }
+    void SetPrintBkColor(bool bPrintBkColor) { m_bPrintBkColor = bPrintBkColor; }
+    BOOL IsPrintBkColor() const { return m_bPrintBkColor; }
+
+    void RefreshCell(int row, int col);
+    void RefreshCell(const Cell& cell) { RefreshCell(cell.row, cell.col); }
+    void RefreshCellEx(const Cell& cell, CDC* pDC, const CRect* pRect);
+    // The cell's whole row in full-row grids, else the cell.
+    void RefreshCell_FullRow(const Cell& cell);
+    void RefreshCellEx_FullRow(const Cell& cell, CDC* pDC, const CRect* pRect);
+    BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, HRGN hrgnUpdate = NULL,
+                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
+
+    void FindTextNImageRect(int row, int col, CDC* pDC, const CRect& rcArea, CRect& rcText, CRect& rcImage);
+    void FindImageRect(CRect rcArea, int nImage, long nAlign, CRect& rcImage);
+    void FindEditIconRect(CRect rcCell, int nIcon, DWORD& dwSide, CRect& rcIcon);
+    BOOL GetEditIconRect(int row, int col, CRect& rcIcon, RECT* pCellRect = NULL, long* pIcon = NULL,
+                         DWORD* pSide = NULL);
+    BOOL GetIconRect(int row, int col, CRect& rcIcon);
+    BOOL HitTestEditIcon(int row, int col, CPoint point);
+    BOOL HitTestIcon(int row, int col, CPoint point);
+    BOOL IsShowEditIconsOnFocus(int row, int col) const;
+
+    // ---- Scroll partners (bar 0 horizontal, 1 vertical, 3 both) ---------------------------
+    BOOL AddScrollWnd(HWND hWnd, int nBar);
+    BOOL DeleteScrollWnd(HWND hWnd);
+    BOOL SendScrollMsg(int nBar, UINT nSBCode, UINT nPos);
+
+protected:
+    struct CScrollWnd
+    {
+        HWND hWnd;
+        int nBar;
+    };
+
+    void InitAllData();
+    // Sends a grid notification to the grid window's parent; 0 when there is none.
+    LRESULT SendGridNotify(NMHDR* pHdr, UINT nCode, size_t cbSize);
+    // Clears the caret flag of the old caret, sets it on the new, notifies, takes an edit icon
+    // from the reply, repaints both cells and sends GN_CELLCHANGE.
+    void MoveCaret(const Cell& cell);
+    // Selects or unselects the cell as the selection mode wants it (a row in full-row grids,
+    // its first data cell in list style).
+    void SelectCellUnit(const Cell& cell, bool bSelect);
+    // Sets or clears state bits of a cell, creating its state array when needed.
+    BOOL ChangeCellFlags(int row, int col, DWORD dwSet, DWORD dwClear);
+    // Moves a stored cell when a row is inserted (nDelta 1) or deleted (nDelta -1) at nRow.
+    static void ShiftCellRow(Cell& cell, int nRow, int nDelta);
+    // Applies the copy/cut step: 1 copy, 2 cut; restores on rejection.
+    BOOL CopyOrCut(int nState);
+    // The row vector's count to the list view, without repainting rows that did not move.
+    void UpdateItemCount(int nFromRow);
+    void FreeAllRows();
+    void CreateEditors();
+    // The fast path of ListSort: the same heap sort over keys taken once per row.
+    void SortRecords(CItemData** ppRecords, unsigned nCount, GridSortCol* pKeys, int nKeys);
+
+    afx_msg void OnDestroy();
+    DECLARE_MESSAGE_MAP()
+
+    // Shape.
+    int m_nRows;
+    int m_nCols;
+    int m_bFixedRow;
+    int m_bFixedCol;
+    int m_nRowHeight;
+    UINT m_nID;
+
+    // Selection and caret.
+    std::unique_ptr<CSelectedCells> m_pSelectedCells;
+    std::unique_ptr<CSelectedCells> m_pCCPCells;
+    Cell m_AnchorCell;
+    Cell m_CaretCell;
+    CRect m_rcCellPadding;
+    BYTE m_bHideCaret;
+    BYTE m_bGraySelection;
+    BYTE m_bHideSelection;
+
+    std::vector<int> m_arColTextFormats;
+
+    // Edit icons.
+    CImageList* m_pEditIconImageList;
+    DWORD m_dwEditIconStyle;
+    Cell m_EditIconCell;
+    short m_nEditIcon;
+    DWORD m_dwEditIconFlag;
+    short m_nEditIconType;
+
+    // Copy, cut and paste.
+    Cell m_CCPCell;
+    int m_nCCPState;
+    CMenu m_CCPMenu;
+
+    // Colours.
+    COLORREF m_crText;
+    COLORREF m_crTextBk;
+    COLORREF m_crBk;
+    COLORREF m_crGridLine;
+    COLORREF m_crSelection;
+    BOOL m_bTransparentSelection;
+
+    DWORD m_dwGridStyle;
+
+    // The in-place editors and their fonts.
+    CComboBox m_wndCombo;
+    CEdit m_wndEdit;
+    CFont m_ComboFont;
+    CFont m_EditFont;
+
+    BOOL m_bPaintLocked;
+    BOOL m_bPrinting;
+    BOOL m_bPrintBkColor;
+
+    // Geometry.
+    int m_nEvenColumnWidth;
+    int m_nEvenRowHeight;
+    int m_bFitToGrid;
+    int m_nMaxWidth;
+    int m_nMaxHeight;
+    BOOL m_bResizing;
+    BOOL m_bIgnoreFitToGrid;
+    UINT m_nDrawAction;
+    UINT m_nDrawState;
+    std::vector<CScrollWnd> m_arScrollWnds;
+
+    // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
+    std::vector<DWORD_PTR> m_arRows;
+    std::unique_ptr<CTextPool> m_pTextPool;
+};
+
+// Sorts the row records in place with the grid's heap sort; compare receives pointers to two
+// elements of the array and the context. C++ linkage, since its arguments are C++ types.
+AFX_EXT_API void HeapSort(CGridList::CItemData** ppItems, unsigned nCount,
+                          int (*pfnCompare)(const void*, const void*, void*), void* pContext);
+
+#include "grid/GridItemData.h"
+#include "grid/GridSelectedCells.h"

@@ -52,6 +52,19 @@ UINT CGridList::CTextPool::ClassSize(UINT nClass)
     return static_cast<UINT>(SMALL_LIMIT * 2) << (nClass - SMALL_LIMIT / 4);
 }
 
+namespace
+{
+// Every pool's chunks, by number; numbers of freed chunks are reused. One UI thread uses them.
+std::vector<char*> g_arChunks;
+std::vector<UINT> g_arFreeChunks;
+const size_t kMaxChunks = size_t(1) << 12; // 32-bit offsets of 1 MiB chunks
+} // namespace
+
+char* CGridList::CTextPool::GetAt(UINT nOffset)
+{
+    return g_arChunks[nOffset >> CHUNK_BITS] + (nOffset & (CHUNK_SIZE - 1));
+}
+
 bool CGridList::CTextPool::Alloc(UINT nSize, UINT& nOffset)
 {
     if (nSize == 0 || nSize > 65536)
@@ -67,16 +80,27 @@ bool CGridList::CTextPool::Alloc(UINT nSize, UINT& nOffset)
     UINT nClassSize = ClassSize(nClass);
     if (m_nUsed + nClassSize > CHUNK_SIZE)
     {
-        // Offsets are 32 bits: at most 4096 chunks.
-        if (m_arChunks.size() >= (size_t(1) << (32 - CHUNK_BITS)))
+        if (g_arFreeChunks.empty() && g_arChunks.size() >= kMaxChunks)
             return false;
         char* pChunk = static_cast<char*>(malloc(CHUNK_SIZE));
         if (pChunk == NULL)
             return false;
-        m_arChunks.push_back(pChunk);
+        UINT nChunk;
+        if (!g_arFreeChunks.empty())
+        {
+            nChunk = g_arFreeChunks.back();
+            g_arFreeChunks.pop_back();
+            g_arChunks[nChunk] = pChunk;
+        }
+        else
+        {
+            nChunk = static_cast<UINT>(g_arChunks.size());
+            g_arChunks.push_back(pChunk);
+        }
+        m_arChunks.push_back(nChunk);
         m_nUsed = 0;
     }
-    nOffset = (static_cast<UINT>(m_arChunks.size() - 1) << CHUNK_BITS) | m_nUsed;
+    nOffset = (m_arChunks.back() << CHUNK_BITS) | m_nUsed;
     m_nUsed += nClassSize;
     return true;
 }
@@ -88,8 +112,12 @@ void CGridList::CTextPool::Free(UINT nOffset, UINT nSize)
 
 void CGridList::CTextPool::FreeAll()
 {
-    for (char* pChunk : m_arChunks)
-        free(pChunk);
+    for (UINT nChunk : m_arChunks)
+    {
+        free(g_arChunks[nChunk]);
+        g_arChunks[nChunk] = NULL;
+        g_arFreeChunks.push_back(nChunk);
+    }
     m_arChunks.clear();
     for (std::vector<UINT>& arFree : m_arFree)
         std::vector<UINT>().swap(arFree);

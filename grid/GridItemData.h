@@ -6,7 +6,7 @@
 
 // The record of a row: eleven slots, each per-column array allocated on the first write of its
 // kind and freed with the record. Texts are slots into the grid's text pool, not heap blocks.
-class CGridList::CItemData
+class AFX_EXT_CLASS CGridList::CItemData
 {
 public:
     // A cell's text buffer: its capacity (0 for none) and where it lies in the pool.
@@ -63,9 +63,11 @@ private:
 static_assert(sizeof(CGridList::CItemData) == 44, "the row record is eleven 32-bit slots on Win32");
 #endif
 
-// The cell texts of one grid. Buffers are carved from 1 MiB chunks that never move, addressed
-// by a 32-bit offset; a freed buffer goes to the free list of its size class and is reused.
-class CGridList::CTextPool
+// The cell texts of one grid. Buffers are carved from 1 MiB chunks that never move and are
+// numbered process-wide, so that a 32-bit offset names a text of any grid and a row record alone
+// leads to its texts (the sort comparators see nothing but records). A freed buffer goes to the
+// free list of its size class in its grid's pool and is reused there.
+class AFX_EXT_CLASS CGridList::CTextPool
 {
 public:
     CTextPool() {}
@@ -76,8 +78,9 @@ public:
     // A buffer of at least nSize bytes (1 to 65536): true with its offset, false when out of memory.
     bool Alloc(UINT nSize, UINT& nOffset);
     void Free(UINT nOffset, UINT nSize);
-    char* GetAt(UINT nOffset) const { return m_arChunks[nOffset >> CHUNK_BITS] + (nOffset & (CHUNK_SIZE - 1)); }
+    // Gives every chunk back.
     void FreeAll();
+    static char* GetAt(UINT nOffset);
 
 private:
     enum
@@ -91,7 +94,30 @@ private:
     static UINT ClassOf(UINT nSize);
     static UINT ClassSize(UINT nClass);
 
-    std::vector<char*> m_arChunks;
-    UINT m_nUsed = CHUNK_SIZE; // bytes used in the last chunk; full when there is none
+    std::vector<UINT> m_arChunks; // the numbers of this pool's chunks
+    UINT m_nUsed = CHUNK_SIZE;    // bytes used in the last chunk; full when there is none
     std::vector<UINT> m_arFree[CLASS_COUNT];
 };
+
+// The text of a record's cell, or an empty string.
+inline LPCTSTR GetRecordText(const CGridList::CItemData* pData, int col)
+{
+    if (pData == NULL || pData->m_pTexts == NULL || pData->m_pTexts[col].nCapacity == 0)
+        return "";
+    return CGridList::CTextPool::GetAt(pData->m_pTexts[col].nOffset);
+}
+
+template <class T>
+T* CGridList::GetCellSlot(int row, int col, T* (CItemData::*pfnEnsure)(int))
+{
+    CItemData* pData = IsValidCell(row, col) ? GetItemData(row, true) : NULL;
+    T* pArray = pData == NULL ? NULL : (pData->*pfnEnsure)(m_nCols);
+    return pArray == NULL ? NULL : pArray + col;
+}
+
+template <class T>
+T CGridList::GetCellValue(int row, int col, T* CItemData::*pArray, T none) const
+{
+    CItemData* pData = IsValidCell(row, col) ? GetItemData(row, false) : NULL;
+    return pData == NULL || pData->*pArray == NULL ? none : (pData->*pArray)[col];
+}

@@ -287,6 +287,7 @@ public:
     long GetCellTextDrawFormat(int row, int col) const;
     long GetCellTextDrawFormat_DT(int row, int col) const;
     BOOL SetCellTextDrawFormat(int row, int col, long fmt, CELLFMT source, bool bForce = false);
+    static BOOL IsValidTextFormat(long fmt) { return fmt >= LVCFMT_LEFT && fmt <= LVCFMT_CENTER; }
 
     // ---- Cell states and selection -------------------------------------------------------
     BOOL SetCellState(const Cell& cell, eCellStateChange change, void* pSet = NULL, bool bFlagsOnly = false);
@@ -335,10 +336,11 @@ public:
     void InvertSelection(Cell cell);
     void SelectDragCells(Cell anchor, Cell current, Cell oldCaret);
     void SetDragSelection(Cell anchor, Cell current, Cell oldAnchorEnd);
-    // The parts of the rectangle anchor..oldEnd and the rectangle anchor..newEnd that differ:
-    // bRemove with the cells that left, bAdd with those that entered (cells, inclusive).
-    void FindIntersectCellRects(Cell anchor, Cell oldEnd, Cell newEnd, bool& bRemove, CRect& rcRemove, bool& bAdd,
-                                CRect& rcAdd);
+    // Where the rectangle anchor..oldEnd and the rectangle anchor..newEnd differ, as a band of
+    // rows across both and a band of columns across both (cells, inclusive); a flag is false
+    // when its band is empty.
+    void FindIntersectCellRects(Cell anchor, Cell oldEnd, Cell newEnd, bool& bRows, CRect& rcRows, bool& bCols,
+                                CRect& rcCols);
     // Rectangles of cells: left/right are columns, top/bottom rows, inclusive.
     void AddRectCells(CRect rcCells);
     void RemoveRectCells(CRect rcCells);
@@ -363,10 +365,10 @@ public:
     void ClearGCCPArray();
     BOOL Copy2GCCPArray(CSelectedCells* pSet, const Cell& source);
     BOOL Copy2GCCPArray(const CArray<Cell>& cells, const Cell& source);
-    // The context menu of the right button: builds the menu's enabled states (asking the host
-    // with GN_CCPMENU) for a press at the point, then tracks it at the release point. Both
-    // return 0 when no menu is offered.
-    BOOL PrepareCCPMenu(CPoint point);
+    // The context menu of the right button: sets the items' states for a press on the cell
+    // (asking the host with GN_CCPMENU), then tracks the menu at the release point (client
+    // coordinates) and runs the chosen command. Both return 0 when no menu is offered.
+    BOOL PrepareCCPMenu(const Cell& cell);
     BOOL TrackCCPMenu(CPoint point);
     CMenu* GetCCPMenu() { return &m_CCPMenu; }
 
@@ -476,6 +478,14 @@ protected:
     };
 
     void InitAllData();
+    // SetCellTextDrawFormat without the repaint, for the forms that change many cells.
+    BOOL ApplyTextDrawFormat(int row, int col, long fmt, CELLFMT source, bool bForce);
+    // The cell's slot of an array of its row, allocating the array; null when it cannot.
+    template <class T>
+    T* GetCellSlot(int row, int col, T* (CItemData::*pfnEnsure)(int));
+    // The cell's value in an array of its row, or the fill when there is none.
+    template <class T>
+    T GetCellValue(int row, int col, T* CItemData::*pArray, T none) const;
     // Sends a grid notification to the grid window's parent; 0 when there is none.
     LRESULT SendGridNotify(NMHDR* pHdr, UINT nCode, size_t cbSize);
     // Clears the caret flag of the old caret, sets it on the new, notifies, takes an edit icon
@@ -488,14 +498,16 @@ protected:
     BOOL ChangeCellFlags(int row, int col, DWORD dwSet, DWORD dwClear);
     // Moves a stored cell when a row is inserted (nDelta 1) or deleted (nDelta -1) at nRow.
     static void ShiftCellRow(Cell& cell, int nRow, int nDelta);
+    // Repaints the cells of a rectangle of cells (columns left..right, rows top..bottom).
+    void RefreshRectCells(const CRect& rcCells);
+    // The rectangle of cells between two corners; whole rows of data cells in full-row grids.
+    CRect GetDragRect(const Cell& anchor, const Cell& current) const;
     // Applies the copy/cut step: 1 copy, 2 cut; restores on rejection.
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
     void FreeAllRows();
     void CreateEditors();
-    // The fast path of ListSort: the same heap sort over keys taken once per row.
-    void SortRecords(CItemData** ppRecords, unsigned nCount, GridSortCol* pKeys, int nKeys);
 
     afx_msg void OnDestroy();
     DECLARE_MESSAGE_MAP()

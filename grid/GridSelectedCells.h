@@ -5,7 +5,7 @@
 
 #include "grid/GridList.h"
 
-class CGridList::CSelectedCells
+class AFX_EXT_CLASS CGridList::CSelectedCells
 {
 public:
     CSelectedCells();

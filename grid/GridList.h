@@ -471,6 +471,34 @@ public:
     BOOL SendScrollMsg(int nBar, UINT nSBCode, UINT nPos);
 
 protected:
+    // The grid paints its rows itself (through DrawItem), so that only the invalid cells are
+    // drawn and the list view never erases what is painted over anyway.
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnSize(UINT nType, int cx, int cy);
+    afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    // Any column message of the list view: the column edges are read again.
+    afx_msg LRESULT OnColumnChange(WPARAM wParam, LPARAM lParam);
+    // WM_MEASUREITEM, reflected by the parent, is answered by MeasureItem.
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    // The right edge of every column, measured from the left edge of a row.
+    const std::vector<int>& GetColumnEdges() const;
+    // The columns whose span meets [xLeft, xRight) of a row starting at xRow; false when none.
+    BOOL GetColumnsInSpan(int xRow, int xLeft, int xRight, int& nFirst, int& nLast) const;
+    // A scroll request on a bar (SB_HORZ or SB_VERT) as the scroll bar would send it.
+    void OnScrollRequest(int nBar, UINT nSBCode, UINT nPos);
+    // The cell rectangle less the right and bottom grid lines, when they are drawn.
+    CRect GetCellInnerRect(const CRect& rcCell) const;
+    // The edit icon a cell shows now (its own, or the caret's on the focused cell only), -1 for
+    // none; dwFlag 1 puts it at the left.
+    int GetShownEditIcon(int row, int col, DWORD& dwFlag) const;
+    // Where a cell's text and image go: the cell less its grid lines and edit icon, less a pixel
+    // and the padding. nIcon is the edit icon shown (-1 for none), dwSide and rcIcon its place.
+    CRect GetCellContentArea(int row, int col, const CRect& rcCell, int& nIcon, DWORD& dwSide, CRect& rcIcon) const;
+    // Whether the grid has the focus, read once per row while DrawItem paints it.
+    BOOL IsDrawFocused(int row) const;
+
     struct CScrollWnd
     {
         HWND hWnd;
@@ -576,6 +604,12 @@ protected:
     UINT m_nDrawAction;
     UINT m_nDrawState;
     std::vector<CScrollWnd> m_arScrollWnds;
+    mutable std::vector<int> m_arColEdges; // empty until read again after a column change
+    // The row DrawItem is painting (-1 outside it), its bounds, and whether the grid had the
+    // focus then: read once per row rather than once per cell.
+    int m_nDrawRow = -1;
+    CRect m_rcDrawRow;
+    BOOL m_bDrawFocused = FALSE;
 
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;

@@ -838,6 +838,8 @@ void CWnd::CenterWindow(CWnd* pAlternateOwner)
 BOOL CWnd::GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask)
 {
     ASSERT(::IsWindow(m_hWnd));
+    if (lpScrollInfo == NULL)
+        return FALSE;
     lpScrollInfo->cbSize = sizeof(SCROLLINFO);
     lpScrollInfo->fMask = nMask;
     return ::GetScrollInfo(m_hWnd, nBar, lpScrollInfo);
@@ -846,6 +848,8 @@ BOOL CWnd::GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask)
 BOOL CWnd::SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw)
 {
     ASSERT(::IsWindow(m_hWnd));
+    if (lpScrollInfo == NULL)
+        return FALSE;
     lpScrollInfo->cbSize = sizeof(SCROLLINFO);
     ::SetScrollInfo(m_hWnd, nBar, lpScrollInfo, bRedraw);
     return TRUE;

@@ -186,20 +186,15 @@ BOOL CScrollBar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT 
     return CWnd::Create(_T("SCROLLBAR"), NULL, dwStyle, rect, pParentWnd, nID);
 }
 
+// A scroll bar control is its own SB_CTL bar.
 BOOL CScrollBar::SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw)
 {
-    ASSERT(::IsWindow(m_hWnd));
-    lpScrollInfo->cbSize = sizeof(SCROLLINFO);
-    ::SetScrollInfo(m_hWnd, SB_CTL, lpScrollInfo, bRedraw);
-    return TRUE;
+    return CWnd::SetScrollInfo(SB_CTL, lpScrollInfo, bRedraw);
 }
 
 BOOL CScrollBar::GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask)
 {
-    ASSERT(::IsWindow(m_hWnd));
-    lpScrollInfo->cbSize = sizeof(SCROLLINFO);
-    lpScrollInfo->fMask = nMask;
-    return ::GetScrollInfo(m_hWnd, SB_CTL, lpScrollInfo);
+    return CWnd::GetScrollInfo(SB_CTL, lpScrollInfo, nMask);
 }
 
 int CScrollBar::GetScrollLimit()

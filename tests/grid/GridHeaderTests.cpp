@@ -449,5 +449,16 @@ TEST_F(CGridHeaderTest, HiddenScrollInformationFollowsTheList)
     list.SendScrollMsg(0, SB_THUMBPOSITION, static_cast<UINT>(list.GetScrollPos(SB_HORZ)));
     m_header.GetItemRect(1, &rc);
     EXPECT_EQ(list.GetScrollPos(SB_HORZ), 100 - rc.left);
+
+    // Dragged past the strip's end, the divider scrolls the list along and keeps growing by
+    // what the strip scrolled.
+    const int nStart = list.GetScrollPos(SB_HORZ);
+    m_header.GetItemRect(2, &rc);
+    CInput::Drag(m_header, CPoint(rc.right - 1, 10), CPoint(230, 10), 2);
+    const int nScrolled = list.GetScrollPos(SB_HORZ) - nStart;
+    EXPECT_LT(0, nScrolled);
+    EXPECT_EQ(100 + 230 - (rc.right - 1) + nScrolled, Extent(2));
+    m_header.GetItemRect(2, &rc);
+    EXPECT_EQ(list.GetScrollPos(SB_HORZ), 200 - rc.left);
     EXPECT_EQ(0UL, m_header.GetStyle() & (WS_HSCROLL | WS_VSCROLL));
 }

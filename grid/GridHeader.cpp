@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include <algorithm>
+#include <new>
 #include <stdexcept>
 
 IMPLEMENT_DYNAMIC(CGridHeader, CWnd)
@@ -273,10 +274,12 @@ BOOL CGridHeader::SetItem(int nIndex, HD_ITEM* pItem, bool bNoUpdate)
     HdrItem& item = GetHdrItem(nIndex);
     BOOL bHandled = FALSE;
     bool bExtentChanged = false;
-    if ((pItem->mask & HDI_TEXT) != 0 && pItem->cchTextMax > 0)
+    char* pszText = NULL;
+    if ((pItem->mask & HDI_TEXT) != 0 && pItem->cchTextMax > 0 &&
+        (pszText = new (std::nothrow) char[static_cast<size_t>(pItem->cchTextMax)]()) != NULL)
     {
         delete[] item.pszText;
-        item.pszText = new char[static_cast<size_t>(pItem->cchTextMax)]();
+        item.pszText = pszText;
         item.nTextSize = pItem->cchTextMax;
         if (pItem->pszText != NULL && pItem->pszText != LPSTR_TEXTCALLBACKA)
             strncpy(item.pszText, pItem->pszText, static_cast<size_t>(pItem->cchTextMax - 1));
@@ -407,7 +410,8 @@ void CGridHeader::RefreshItem(int nIndex)
     CRect rc;
     if (!GetItemRect(nIndex, &rc, true))
         return;
-    InvalidateRect(&rc);
+    // Items and the filler cover their rectangles: nothing to erase first.
+    InvalidateRect(&rc, FALSE);
     UpdateWindow();
 }
 

@@ -203,7 +203,7 @@ protected:
     afx_msg void OnRButtonDblClk(UINT nFlags, CPoint point);
     afx_msg void OnMButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnMButtonUp(UINT nFlags, CPoint point);
-    afx_msg LRESULT OnMButtonDblClk(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnMButtonDblClk(UINT nFlags, CPoint point);
     afx_msg void OnCaptureChanged(CWnd* pWnd);
     afx_msg void OnKillFocus(CWnd* pNewWnd);
     afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);

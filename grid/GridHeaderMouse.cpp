@@ -387,8 +387,7 @@ void CGridHeader::OnMButtonUp(UINT, CPoint point)
     OnButtonUp(BUTTON_MIDDLE, point);
 }
 
-LRESULT CGridHeader::OnMButtonDblClk(WPARAM, LPARAM lParam)
+void CGridHeader::OnMButtonDblClk(UINT, CPoint point)
 {
-    OnButtonDblClk(BUTTON_MIDDLE, CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))));
-    return 0;
+    OnButtonDblClk(BUTTON_MIDDLE, point);
 }

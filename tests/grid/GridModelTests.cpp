@@ -24,6 +24,7 @@ TEST(GridModelTest, CreateRefusesImpossibleShapesAndBuildsTheRest)
         EXPECT_EQ(c.nRows, host.m_grid.GetItemCount());
         EXPECT_EQ(c.nCols, host.m_grid.GetHeaderCtrl()->GetItemCount());
         EXPECT_EQ(9, host.m_grid.GetDlgCtrlID());
+        EXPECT_EQ(9u, host.m_grid.GetID());
         EXPECT_TRUE((host.m_grid.CWnd::GetStyle() & LVS_OWNERDATA) != 0);
     }
 }

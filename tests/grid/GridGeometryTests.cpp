@@ -1,5 +1,5 @@
 // Where the grid's cells lie, which rows show, the size it fits to, and its scroll partners.
-#include "tests/grid/GridWindowFixture.h"
+#include "tests/grid/GridHost.h"
 
 TEST_F(CGridWindowTest, CellRectanglesFollowTheColumnsAndTheRowHeightThroughScrolling)
 {

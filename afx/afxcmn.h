@@ -39,6 +39,7 @@ public:
     int GetImageCount() const { ASSERT(m_hImageList != NULL); return ImageList_GetImageCount(m_hImageList); }
     BOOL GetImageInfo(int nImage, IMAGEINFO* pImageInfo) const
     {
+        ASSERT(m_hImageList != NULL);
         return ImageList_GetImageInfo(m_hImageList, nImage, pImageInfo);
     }
     COLORREF SetBkColor(COLORREF cr) { ASSERT(m_hImageList != NULL); return ImageList_SetBkColor(m_hImageList, cr); }
@@ -69,24 +70,29 @@ public:
     int GetItemCount() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
     BOOL GetItemRect(int nIndex, LPRECT lpRect) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(HDM_GETITEMRECT, nIndex, reinterpret_cast<LPARAM>(lpRect)));
     }
     BOOL GetItem(int nPos, HDITEM* pHeaderItem) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(HDM_GETITEMA, nPos, reinterpret_cast<LPARAM>(pHeaderItem)));
     }
     BOOL SetItem(int nPos, HDITEM* pHeaderItem)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(HDM_SETITEMA, nPos, reinterpret_cast<LPARAM>(pHeaderItem)));
     }
     // Returns the index of the new item, or -1.
     int InsertItem(int nPos, HDITEM* phdi)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<int>(SendMessage(HDM_INSERTITEMA, nPos, reinterpret_cast<LPARAM>(phdi)));
     }
     BOOL DeleteItem(int nPos) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(HDM_DELETEITEM, nPos)); }
     BOOL Layout(HDLAYOUT* pHeaderLayout)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(pHeaderLayout)));
     }
 };
@@ -104,6 +110,7 @@ public:
     // Columns (report view). InsertColumn returns the index of the new column, or -1.
     int InsertColumn(int nCol, const LVCOLUMN* pColumn)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<int>(SendMessage(LVM_INSERTCOLUMNA, nCol, reinterpret_cast<LPARAM>(pColumn)));
     }
     // nWidth -1 leaves the width unset; nSubItem -1 leaves the column's sub-item unset.
@@ -112,21 +119,25 @@ public:
     BOOL DeleteColumn(int nCol) { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_DELETECOLUMN, nCol)); }
     BOOL GetColumn(int nCol, LVCOLUMN* pColumn) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_GETCOLUMNA, nCol, reinterpret_cast<LPARAM>(pColumn)));
     }
     BOOL SetColumn(int nCol, const LVCOLUMN* pColumn)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_SETCOLUMNA, nCol, reinterpret_cast<LPARAM>(pColumn)));
     }
     int GetColumnWidth(int nCol) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETCOLUMNWIDTH, nCol)); }
     BOOL SetColumnWidth(int nCol, int cx)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_SETCOLUMNWIDTH, nCol, MAKELPARAM(cx, 0)));
     }
 
     // Items. InsertItem returns the index of the new item, or -1.
     int InsertItem(const LVITEM* pItem)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<int>(SendMessage(LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(pItem)));
     }
     int InsertItem(int nItem, LPCTSTR lpszItem) { return InsertItem(LVIF_TEXT, nItem, lpszItem, 0, 0, 0, 0); }
@@ -139,10 +150,12 @@ public:
     BOOL DeleteAllItems() { ASSERT(::IsWindow(m_hWnd)); return static_cast<BOOL>(SendMessage(LVM_DELETEALLITEMS)); }
     BOOL GetItem(LVITEM* pItem) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(pItem)));
     }
     BOOL SetItem(const LVITEM* pItem)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_SETITEMA, 0, reinterpret_cast<LPARAM>(pItem)));
     }
     BOOL SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState, UINT nStateMask,
@@ -159,6 +172,7 @@ public:
     BOOL SetItemState(int nItem, UINT nState, UINT nMask);
     BOOL SetItemState(int nItem, LVITEM* pItem)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_SETITEMSTATE, nItem, reinterpret_cast<LPARAM>(pItem)));
     }
     UINT GetItemState(int nItem, UINT nMask) const { ASSERT(::IsWindow(m_hWnd)); return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, nItem, nMask)); }
@@ -168,12 +182,14 @@ public:
     void SetItemCount(int nItems) { ASSERT(::IsWindow(m_hWnd)); SendMessage(LVM_SETITEMCOUNT, nItems); }
     void SetItemCountEx(int iCount, DWORD dwFlags = LVSICF_NOINVALIDATEALL)
     {
+        ASSERT(::IsWindow(m_hWnd));
         SendMessage(LVM_SETITEMCOUNT, iCount, dwFlags);
     }
 
     // Selection. nFlags: LVNI_ flags; returns -1 when no item follows nItem.
     int GetNextItem(int nItem, int nFlags) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<int>(SendMessage(LVM_GETNEXTITEM, nItem, MAKELPARAM(nFlags, 0)));
     }
     // Walks the selected items: NULL when none (is left).
@@ -187,12 +203,14 @@ public:
     BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) const;
     BOOL GetViewRect(LPRECT lpRect) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_GETVIEWRECT, 0, reinterpret_cast<LPARAM>(lpRect)));
     }
     int GetTopIndex() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETTOPINDEX)); }
     int GetCountPerPage() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<int>(SendMessage(LVM_GETCOUNTPERPAGE)); }
     BOOL EnsureVisible(int nItem, BOOL bPartialOK)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<BOOL>(SendMessage(LVM_ENSUREVISIBLE, nItem, MAKELPARAM(bPartialOK, 0)));
     }
     // In report view size.cx is in pixels and size.cy rounds to whole lines.
@@ -204,11 +222,13 @@ public:
     int HitTest(CPoint pt, UINT* pFlags = NULL) const;
     int HitTest(LVHITTESTINFO* pHitTestInfo) const
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<int>(SendMessage(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(pHitTestInfo)));
     }
     // Fills in iItem and iSubItem too.
     int SubItemHitTest(LPLVHITTESTINFO pInfo)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<int>(SendMessage(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(pInfo)));
     }
 
@@ -219,6 +239,7 @@ public:
     // Returns the extended style set before.
     DWORD SetExtendedStyle(DWORD dwNewStyle)
     {
+        ASSERT(::IsWindow(m_hWnd));
         return static_cast<DWORD>(SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, dwNewStyle));
     }
     DWORD GetExtendedStyle() const { ASSERT(::IsWindow(m_hWnd)); return static_cast<DWORD>(SendMessage(LVM_GETEXTENDEDLISTVIEWSTYLE)); }

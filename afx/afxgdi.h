@@ -130,7 +130,7 @@ public:
     BOOL CreateRectRgnIndirect(LPCRECT lpRect);
     // Sets this (existing) region to the combination of the two; returns the region type.
     int CombineRgn(CRgn* pRgn1, CRgn* pRgn2, int nCombineMode);
-    BOOL PtInRegion(int x, int y) const { return ::PtInRegion(static_cast<HRGN>(m_hObject), x, y); }
+    BOOL PtInRegion(int x, int y) const { ASSERT(m_hObject != NULL); return ::PtInRegion(static_cast<HRGN>(m_hObject), x, y); }
     BOOL PtInRegion(POINT point) const { return PtInRegion(point.x, point.y); }
 };
 
@@ -239,16 +239,17 @@ public:
     BOOL GetTextMetrics(LPTEXTMETRIC lpMetrics) const { ASSERT(m_hAttribDC != NULL); return ::GetTextMetricsA(m_hAttribDC, lpMetrics); }
     BOOL GetCharWidth(UINT nFirstChar, UINT nLastChar, LPINT lpBuffer) const
     {
+        ASSERT(m_hAttribDC != NULL);
         return ::GetCharWidthA(m_hAttribDC, nFirstChar, nLastChar, lpBuffer);
     }
 
     // Rectangles and frames
-    void FillRect(LPCRECT lpRect, CBrush* pBrush) { ::FillRect(m_hDC, lpRect, static_cast<HBRUSH>(pBrush->GetSafeHandle())); }
+    void FillRect(LPCRECT lpRect, CBrush* pBrush) { ASSERT(m_hDC != NULL); ::FillRect(m_hDC, lpRect, static_cast<HBRUSH>(pBrush->GetSafeHandle())); }
     // Paints through ExtTextOut with ETO_OPAQUE, so the output DC keeps crColor as its
     // background colour afterwards; callers rely on that.
     void FillSolidRect(LPCRECT lpRect, COLORREF crColor);
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF crColor);
-    void FrameRect(LPCRECT lpRect, CBrush* pBrush) { ::FrameRect(m_hDC, lpRect, static_cast<HBRUSH>(pBrush->GetSafeHandle())); }
+    void FrameRect(LPCRECT lpRect, CBrush* pBrush) { ASSERT(m_hDC != NULL); ::FrameRect(m_hDC, lpRect, static_cast<HBRUSH>(pBrush->GetSafeHandle())); }
     void InvertRect(LPCRECT lpRect) { ASSERT(m_hDC != NULL); ::InvertRect(m_hDC, lpRect); }
     // Top and left edges in clrTopLeft, right and bottom edges in clrBottomRight; the top-right
     // and bottom-left corner pixels belong to the right and bottom edges.
@@ -285,11 +286,13 @@ public:
     // Bit blocks
     BOOL BitBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, DWORD dwRop)
     {
+        ASSERT(m_hDC != NULL);
         return ::BitBlt(m_hDC, x, y, nWidth, nHeight, pSrcDC->GetSafeHdc(), xSrc, ySrc, dwRop);
     }
     BOOL StretchBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, int nSrcWidth,
                     int nSrcHeight, DWORD dwRop)
     {
+        ASSERT(m_hDC != NULL);
         return ::StretchBlt(m_hDC, x, y, nWidth, nHeight, pSrcDC->GetSafeHdc(), xSrc, ySrc, nSrcWidth, nSrcHeight,
                             dwRop);
     }

@@ -36,14 +36,17 @@ public:
     // With MF_POPUP, nIDNewItem is the HMENU of the submenu.
     BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = NULL)
     {
+        ASSERT(::IsMenu(m_hMenu));
         return ::AppendMenuA(m_hMenu, nFlags, nIDNewItem, lpszNewItem);
     }
     BOOL InsertMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = NULL)
     {
+        ASSERT(::IsMenu(m_hMenu));
         return ::InsertMenuA(m_hMenu, nPosition, nFlags, nIDNewItem, lpszNewItem);
     }
     BOOL ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = NULL)
     {
+        ASSERT(::IsMenu(m_hMenu));
         return ::ModifyMenuA(m_hMenu, nPosition, nFlags, nIDNewItem, lpszNewItem);
     }
     // Takes the item out; a submenu survives RemoveMenu and is destroyed by DeleteMenu.
@@ -56,6 +59,7 @@ public:
     UINT CheckMenuItem(UINT nIDCheckItem, UINT nCheck) { ASSERT(::IsMenu(m_hMenu)); return ::CheckMenuItem(m_hMenu, nIDCheckItem, nCheck); }
     BOOL CheckMenuRadioItem(UINT nIDFirst, UINT nIDLast, UINT nIDItem, UINT nFlags)
     {
+        ASSERT(::IsMenu(m_hMenu));
         return ::CheckMenuRadioItem(m_hMenu, nIDFirst, nIDLast, nIDItem, nFlags);
     }
     BOOL SetDefaultItem(UINT uItem, BOOL fByPos = FALSE) { ASSERT(::IsMenu(m_hMenu)); return ::SetMenuDefaultItem(m_hMenu, uItem, fByPos); }

@@ -377,11 +377,15 @@ int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmd
 
 UINT CWinApp::GetProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nDefault)
 {
+    ASSERT(lpszSection != NULL);
+    ASSERT(lpszEntry != NULL);
     return ::GetPrivateProfileIntA(lpszSection, lpszEntry, nDefault, m_pszProfileName);
 }
 
 BOOL CWinApp::WriteProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nValue)
 {
+    ASSERT(lpszSection != NULL);
+    ASSERT(lpszEntry != NULL);
     CString strValue;
     strValue.Format("%d", nValue);
     return ::WritePrivateProfileStringA(lpszSection, lpszEntry, strValue, m_pszProfileName);
@@ -389,6 +393,8 @@ BOOL CWinApp::WriteProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nValue
 
 CString CWinApp::GetProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTSTR lpszDefault)
 {
+    ASSERT(lpszSection != NULL);
+    ASSERT(lpszEntry != NULL);
     // Grow the buffer until the value fits: the function cuts without saying so.
     for (DWORD nSize = 256;; nSize *= 2)
     {
@@ -403,6 +409,7 @@ CString CWinApp::GetProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTST
 
 BOOL CWinApp::WriteProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTSTR lpszValue)
 {
+    ASSERT(lpszSection != NULL); // a null entry deletes the section
     return ::WritePrivateProfileStringA(lpszSection, lpszEntry, lpszValue, m_pszProfileName);
 }
 

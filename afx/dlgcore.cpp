@@ -280,18 +280,21 @@ void CDialog::OnCancel()
 
 void CDialog::EndDialog(int nResult)
 {
+    ASSERT(::IsWindow(m_hWnd));
     EndModalLoop(nResult);
     ::EndDialog(m_hWnd, nResult);
 }
 
 void CDialog::GotoDlgCtrl(CWnd* pWndCtrl)
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (pWndCtrl->GetSafeHwnd() != NULL)
         SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pWndCtrl->m_hWnd), TRUE);
 }
 
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)
 {
+    ASSERT(::IsWindow(m_hWnd));
     BOOL bInput = (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST) ||
                   (pMsg->message >= WM_MOUSEFIRST && pMsg->message <= WM_MOUSELAST);
     return bInput && ::IsDialogMessageA(m_hWnd, pMsg);
@@ -302,6 +305,7 @@ BOOL CDialog::PreTranslateMessage(MSG* pMsg)
 
 int CWnd::RunModalLoop(DWORD dwFlags)
 {
+    ASSERT(::IsWindow(m_hWnd));
     BOOL bShowIdle = (dwFlags & MLF_SHOWONIDLE) && !(GetStyle() & WS_VISIBLE);
     HWND hWndParent = ::GetParent(m_hWnd);
     BOOL bIdle = TRUE;

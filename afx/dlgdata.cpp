@@ -219,6 +219,7 @@ void CDataExchange::Fail()
 
 BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
 {
+    ASSERT(::IsWindow(m_hWnd));
     CDataExchange dx(this, bSaveAndValidate);
     // The controls' notifications while the exchange sets their texts are not the user's.
     HWND hWndOldLockout = AfxSetLockoutNotifyWindow(m_hWnd);

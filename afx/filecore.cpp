@@ -244,6 +244,7 @@ void CFile::ThrowLastError() const
 
 UINT CFile::Read(void* lpBuf, UINT nCount)
 {
+    ASSERT(m_hFile != INVALID_HANDLE_VALUE);
     if (nCount == 0)
         return 0;
     if (lpBuf == NULL)
@@ -256,6 +257,7 @@ UINT CFile::Read(void* lpBuf, UINT nCount)
 
 void CFile::Write(const void* lpBuf, UINT nCount)
 {
+    ASSERT(m_hFile != INVALID_HANDLE_VALUE);
     if (nCount == 0)
         return;
     if (lpBuf == NULL)
@@ -270,6 +272,7 @@ void CFile::Write(const void* lpBuf, UINT nCount)
 
 ULONGLONG CFile::Seek(LONGLONG lOff, UINT nFrom)
 {
+    ASSERT(m_hFile != INVALID_HANDLE_VALUE);
     DWORD dwMethod;
     switch (nFrom)
     {
@@ -295,6 +298,7 @@ ULONGLONG CFile::Seek(LONGLONG lOff, UINT nFrom)
 
 ULONGLONG CFile::GetPosition() const
 {
+    ASSERT(m_hFile != INVALID_HANDLE_VALUE);
     LARGE_INTEGER liZero;
     liZero.QuadPart = 0;
     LARGE_INTEGER liPos;
@@ -305,6 +309,7 @@ ULONGLONG CFile::GetPosition() const
 
 ULONGLONG CFile::GetLength() const
 {
+    ASSERT(m_hFile != INVALID_HANDLE_VALUE);
     LARGE_INTEGER liSize;
     if (!::GetFileSizeEx(m_hFile, &liSize))
         ThrowLastError();
@@ -313,6 +318,7 @@ ULONGLONG CFile::GetLength() const
 
 void CFile::SetLength(ULONGLONG dwNewLen)
 {
+    ASSERT(m_hFile != INVALID_HANDLE_VALUE);
     Seek(static_cast<LONGLONG>(dwNewLen), begin);
     if (!::SetEndOfFile(m_hFile))
         ThrowLastError();

@@ -101,23 +101,27 @@ BOOL CImageList::DeleteImageList()
 
 int CImageList::Add(CBitmap* pbmImage, CBitmap* pbmMask)
 {
+    ASSERT(m_hImageList != NULL);
     return ImageList_Add(m_hImageList, static_cast<HBITMAP>(pbmImage->GetSafeHandle()),
                          static_cast<HBITMAP>(pbmMask->GetSafeHandle()));
 }
 
 int CImageList::Add(CBitmap* pbmImage, COLORREF crMask)
 {
+    ASSERT(m_hImageList != NULL);
     return ImageList_AddMasked(m_hImageList, static_cast<HBITMAP>(pbmImage->GetSafeHandle()), crMask);
 }
 
 BOOL CImageList::Replace(int nImage, CBitmap* pbmImage, CBitmap* pbmMask)
 {
+    ASSERT(m_hImageList != NULL);
     return ImageList_Replace(m_hImageList, nImage, static_cast<HBITMAP>(pbmImage->GetSafeHandle()),
                              static_cast<HBITMAP>(pbmMask->GetSafeHandle()));
 }
 
 BOOL CImageList::Draw(CDC* pDC, int nImage, POINT pt, UINT nStyle)
 {
+    ASSERT(m_hImageList != NULL);
     return ImageList_Draw(m_hImageList, nImage, pDC->GetSafeHdc(), pt.x, pt.y, nStyle);
 }
 
@@ -155,6 +159,7 @@ BOOL CListCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT n
 
 int CListCtrl::InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat, int nWidth, int nSubItem)
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVCOLUMNA column;
     memset(&column, 0, sizeof(column));
     column.mask = LVCF_TEXT | LVCF_FMT;
@@ -176,6 +181,7 @@ int CListCtrl::InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat, in
 int CListCtrl::InsertItem(UINT nMask, int nItem, LPCTSTR lpszItem, UINT nState, UINT nStateMask, int nImage,
                           LPARAM lParam)
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVITEMA item = MakeItem(nMask, nItem, 0, lpszItem, nImage, nState, nStateMask, lParam);
     return InsertItem(&item);
 }
@@ -183,18 +189,21 @@ int CListCtrl::InsertItem(UINT nMask, int nItem, LPCTSTR lpszItem, UINT nState, 
 BOOL CListCtrl::SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState,
                         UINT nStateMask, LPARAM lParam)
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVITEMA item = MakeItem(nMask, nItem, nSubItem, lpszItem, nImage, nState, nStateMask, lParam);
     return SetItem(&item);
 }
 
 BOOL CListCtrl::SetItemText(int nItem, int nSubItem, LPCTSTR lpszText)
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVITEMA item = MakeItem(LVIF_TEXT, nItem, nSubItem, lpszText, 0, 0, 0, 0);
     return static_cast<BOOL>(SendMessage(LVM_SETITEMTEXTA, nItem, reinterpret_cast<LPARAM>(&item)));
 }
 
 int CListCtrl::GetItemText(int nItem, int nSubItem, LPTSTR lpszText, int nLen) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (lpszText == NULL || nLen <= 0)
         return 0;
     // Read whole and cut here: the control may write a character past a buffer that is too short.
@@ -204,6 +213,7 @@ int CListCtrl::GetItemText(int nItem, int nSubItem, LPTSTR lpszText, int nLen) c
 
 CString CListCtrl::GetItemText(int nItem, int nSubItem) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     // The control tells only how much it copied: a full buffer may have cut the text, so try
     // again with a larger one. Each buffer has a place to spare after the nLen it admits to.
     CString str;
@@ -221,23 +231,27 @@ CString CListCtrl::GetItemText(int nItem, int nSubItem) const
 
 DWORD_PTR CListCtrl::GetItemData(int nItem) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVITEMA item = MakeItem(LVIF_PARAM, nItem, 0, NULL, 0, 0, 0, 0);
     return GetItem(&item) ? static_cast<DWORD_PTR>(item.lParam) : 0;
 }
 
 BOOL CListCtrl::SetItemState(int nItem, UINT nState, UINT nMask)
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVITEMA item = MakeItem(LVIF_STATE, nItem, 0, NULL, 0, nState, nMask, 0);
     return SetItemState(nItem, &item);
 }
 
 POSITION CListCtrl::GetFirstSelectedItemPosition() const
 {
+    ASSERT(::IsWindow(m_hWnd));
     return PositionOf(GetNextItem(-1, LVNI_SELECTED));
 }
 
 int CListCtrl::GetNextSelectedItem(POSITION& pos) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (pos == NULL)
         return -1;
     int nItem = static_cast<int>(reinterpret_cast<INT_PTR>(pos) - 1);
@@ -247,6 +261,7 @@ int CListCtrl::GetNextSelectedItem(POSITION& pos) const
 
 BOOL CListCtrl::GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (lpRect == NULL)
         return FALSE;
     lpRect->left = static_cast<LONG>(nCode);
@@ -255,6 +270,7 @@ BOOL CListCtrl::GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const
 
 BOOL CListCtrl::GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     ref.top = iSubItem;
     ref.left = nArea;
     return static_cast<BOOL>(SendMessage(LVM_GETSUBITEMRECT, iItem, reinterpret_cast<LPARAM>(static_cast<LPRECT>(ref))));
@@ -262,6 +278,7 @@ BOOL CListCtrl::GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) c
 
 int CListCtrl::HitTest(CPoint pt, UINT* pFlags) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     LVHITTESTINFO info;
     memset(&info, 0, sizeof(info));
     info.pt = pt;
@@ -273,17 +290,20 @@ int CListCtrl::HitTest(CPoint pt, UINT* pFlags) const
 
 CImageList* CListCtrl::SetImageList(CImageList* pImageList, int nImageList)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CImageList::FromHandle(reinterpret_cast<HIMAGELIST>(
         SendMessage(LVM_SETIMAGELIST, nImageList, reinterpret_cast<LPARAM>(pImageList->GetSafeHandle()))));
 }
 
 CImageList* CListCtrl::GetImageList(int nImageList) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CImageList::FromHandle(reinterpret_cast<HIMAGELIST>(SendMessage(LVM_GETIMAGELIST, nImageList)));
 }
 
 CHeaderCtrl* CListCtrl::GetHeaderCtrl()
 {
+    ASSERT(::IsWindow(m_hWnd));
     HWND hWndHeader = reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER));
     if (hWndHeader == NULL)
         return NULL;
@@ -336,6 +356,7 @@ BOOL CProgressCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UI
 
 void CProgressCtrl::GetRange(int& nLower, int& nUpper) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     PBRANGE range = {0, 0};
     SendMessage(PBM_GETRANGE, TRUE, reinterpret_cast<LPARAM>(&range));
     nLower = range.iLow;
@@ -387,12 +408,14 @@ BOOL CToolTipCtrl::SendToolText(UINT nMsg, CWnd* pWnd, UINT_PTR nIDTool, HINSTAN
 
 BOOL CToolTipCtrl::AddTool(CWnd* pWnd, LPCTSTR lpszText, LPCRECT lpRectTool, UINT_PTR nIDTool)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return pWnd->GetSafeHwnd() != NULL && lpszText != NULL &&
            SendToolText(TTM_ADDTOOLA, pWnd, nIDTool, NULL, lpszText, lpRectTool);
 }
 
 BOOL CToolTipCtrl::AddTool(CWnd* pWnd, UINT nIDText, LPCRECT lpRectTool, UINT_PTR nIDTool)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return pWnd->GetSafeHwnd() != NULL && nIDText != 0 &&
            SendToolText(TTM_ADDTOOLA, pWnd, nIDTool, AfxFindStringResourceHandle(nIDText), MAKEINTRESOURCEA(nIDText),
                         lpRectTool);
@@ -400,6 +423,7 @@ BOOL CToolTipCtrl::AddTool(CWnd* pWnd, UINT nIDText, LPCRECT lpRectTool, UINT_PT
 
 void CToolTipCtrl::DelTool(CWnd* pWnd, UINT_PTR nIDTool)
 {
+    ASSERT(::IsWindow(m_hWnd));
     TTTOOLINFOA ti;
     FillInToolInfo(ti, pWnd, nIDTool);
     SendMessage(TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&ti));
@@ -407,12 +431,14 @@ void CToolTipCtrl::DelTool(CWnd* pWnd, UINT_PTR nIDTool)
 
 void CToolTipCtrl::UpdateTipText(LPCTSTR lpszText, CWnd* pWnd, UINT_PTR nIDTool)
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (lpszText != NULL)
         SendToolText(TTM_UPDATETIPTEXTA, pWnd, nIDTool, NULL, lpszText, NULL);
 }
 
 void CToolTipCtrl::UpdateTipText(UINT nIDText, CWnd* pWnd, UINT_PTR nIDTool)
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (nIDText != 0)
         SendToolText(TTM_UPDATETIPTEXTA, pWnd, nIDTool, AfxFindStringResourceHandle(nIDText),
                      MAKEINTRESOURCEA(nIDText), NULL);
@@ -420,6 +446,7 @@ void CToolTipCtrl::UpdateTipText(UINT nIDText, CWnd* pWnd, UINT_PTR nIDTool)
 
 void CToolTipCtrl::SetToolRect(CWnd* pWnd, UINT_PTR nIDTool, LPCRECT lpRect)
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (lpRect == NULL)
         return;
     TTTOOLINFOA ti;
@@ -430,6 +457,7 @@ void CToolTipCtrl::SetToolRect(CWnd* pWnd, UINT_PTR nIDTool, LPCRECT lpRect)
 
 void CToolTipCtrl::GetText(CString& str, CWnd* pWnd, UINT_PTR nIDTool) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     // The ANSI message copies at most 80 bytes of the text; the wide one copies all of it, up
     // to INFOTIPSIZE characters. The two records differ only in the type of the text pointer.
     static_assert(sizeof(TTTOOLINFOA) == sizeof(TTTOOLINFOW), "tool records of one layout");

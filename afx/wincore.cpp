@@ -743,11 +743,13 @@ void AFXAPI AfxGetWindowText(HWND hWnd, CString& rString, int nMaxLen)
 
 void CWnd::GetWindowText(CString& rString) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     AfxGetWindowText(m_hWnd, rString);
 }
 
 int CWnd::GetDlgItemText(int nID, CString& rString) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     rString.Empty();
     HWND hWnd = ::GetDlgItem(m_hWnd, nID);
     if (hWnd != NULL)
@@ -769,11 +771,13 @@ static BOOL ModifyWindowLong(HWND hWnd, int nIndex, DWORD dwRemove, DWORD dwAdd,
 
 BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return ModifyWindowLong(m_hWnd, GWL_STYLE, dwRemove, dwAdd, nFlags);
 }
 
 BOOL CWnd::ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return ModifyWindowLong(m_hWnd, GWL_EXSTYLE, dwRemove, dwAdd, nFlags);
 }
 
@@ -792,21 +796,25 @@ const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
 
 BOOL CWnd::SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return ::SetWindowPos(m_hWnd, pWndInsertAfter->GetSafeHwnd(), x, y, cx, cy, nFlags);
 }
 
 void CWnd::ClientToScreen(LPRECT lpRect) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     ::MapWindowPoints(m_hWnd, NULL, reinterpret_cast<LPPOINT>(lpRect), 2);
 }
 
 void CWnd::ScreenToClient(LPRECT lpRect) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     ::MapWindowPoints(NULL, m_hWnd, reinterpret_cast<LPPOINT>(lpRect), 2);
 }
 
 void CWnd::CenterWindow(CWnd* pAlternateOwner)
 {
+    ASSERT(::IsWindow(m_hWnd));
     HWND hWndCenter = pAlternateOwner != NULL ? pAlternateOwner->m_hWnd : ::GetParent(m_hWnd);
     RECT rcCenter, rcWindow;
     if (hWndCenter == NULL || (GetStyle() & WS_CHILD) == 0)
@@ -829,6 +837,9 @@ void CWnd::CenterWindow(CWnd* pAlternateOwner)
 
 BOOL CWnd::GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask)
 {
+    ASSERT(::IsWindow(m_hWnd));
+    if (lpScrollInfo == NULL)
+        return FALSE;
     lpScrollInfo->cbSize = sizeof(SCROLLINFO);
     lpScrollInfo->fMask = nMask;
     return ::GetScrollInfo(m_hWnd, nBar, lpScrollInfo);
@@ -836,6 +847,9 @@ BOOL CWnd::GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask)
 
 BOOL CWnd::SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw)
 {
+    ASSERT(::IsWindow(m_hWnd));
+    if (lpScrollInfo == NULL)
+        return FALSE;
     lpScrollInfo->cbSize = sizeof(SCROLLINFO);
     ::SetScrollInfo(m_hWnd, nBar, lpScrollInfo, bRedraw);
     return TRUE;
@@ -854,6 +868,7 @@ int CWnd::GetScrollLimit(int nBar)
 
 void CWnd::SendMessageToDescendants(UINT message, WPARAM wParam, LPARAM lParam, BOOL bDeep)
 {
+    ASSERT(::IsWindow(m_hWnd));
     for (HWND hWndChild = ::GetTopWindow(m_hWnd); hWndChild != NULL; hWndChild = ::GetWindow(hWndChild, GW_HWNDNEXT))
     {
         ::SendMessageA(hWndChild, message, wParam, lParam);

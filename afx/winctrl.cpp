@@ -60,6 +60,7 @@ BOOL CEdit::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID)
 
 void CEdit::GetSel(int& nStartChar, int& nEndChar) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     DWORD dwStart = 0, dwEnd = 0;
     SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&dwStart), reinterpret_cast<LPARAM>(&dwEnd));
     nStartChar = static_cast<int>(dwStart);
@@ -73,6 +74,7 @@ void CEdit::SetSel(DWORD dwSelection, BOOL bNoScroll)
 
 void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
 {
+    ASSERT(::IsWindow(m_hWnd));
     SendMessage(EM_SETSEL, nStartChar, nEndChar);
     if (!bNoScroll)
         SendMessage(EM_SCROLLCARET);
@@ -80,12 +82,14 @@ void CEdit::SetSel(int nStartChar, int nEndChar, BOOL bNoScroll)
 
 CPoint CEdit::PosFromChar(UINT nChar) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     LRESULT lPos = SendMessage(EM_POSFROMCHAR, nChar);
     return CPoint(static_cast<short>(LOWORD(lPos)), static_cast<short>(HIWORD(lPos)));
 }
 
 int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (lpszBuffer == NULL || nMaxLength <= 0)
         return 0;
     // EM_GETLINE reads the buffer size from the buffer's first word, which a one-character
@@ -107,11 +111,13 @@ BOOL CListBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nI
 
 void CListBox::GetText(int nIndex, CString& rString) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     GetItemString(this, LB_GETTEXTLEN, LB_GETTEXT, nIndex, rString);
 }
 
 int CListBox::SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem)
 {
+    ASSERT(::IsWindow(m_hWnd));
     if (nFirstItem > nLastItem)
     {
         int nSwap = nFirstItem;
@@ -128,6 +134,7 @@ int CListBox::SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem)
 
 UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     DWORD dwResult = static_cast<DWORD>(SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y)));
     bOutside = HIWORD(dwResult) != 0;
     return LOWORD(dwResult);
@@ -170,6 +177,7 @@ BOOL CComboBox::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT n
 
 void CComboBox::GetLBText(int nIndex, CString& rString) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     GetItemString(this, CB_GETLBTEXTLEN, CB_GETLBTEXT, nIndex, rString);
 }
 
@@ -178,18 +186,15 @@ BOOL CScrollBar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT 
     return CWnd::Create(_T("SCROLLBAR"), NULL, dwStyle, rect, pParentWnd, nID);
 }
 
+// A scroll bar control is its own SB_CTL bar.
 BOOL CScrollBar::SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw)
 {
-    lpScrollInfo->cbSize = sizeof(SCROLLINFO);
-    ::SetScrollInfo(m_hWnd, SB_CTL, lpScrollInfo, bRedraw);
-    return TRUE;
+    return CWnd::SetScrollInfo(SB_CTL, lpScrollInfo, bRedraw);
 }
 
 BOOL CScrollBar::GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask)
 {
-    lpScrollInfo->cbSize = sizeof(SCROLLINFO);
-    lpScrollInfo->fMask = nMask;
-    return ::GetScrollInfo(m_hWnd, SB_CTL, lpScrollInfo);
+    return CWnd::GetScrollInfo(SB_CTL, lpScrollInfo, nMask);
 }
 
 int CScrollBar::GetScrollLimit()

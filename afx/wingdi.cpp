@@ -127,6 +127,7 @@ BOOL CGdiObject::DeleteObject()
 
 int CGdiObject::GetObject(int nCount, LPVOID lpObject) const
 {
+    ASSERT(m_hObject != NULL);
     return ::GetObjectA(m_hObject, nCount, lpObject);
 }
 
@@ -242,6 +243,7 @@ BOOL CRgn::CreateRectRgnIndirect(LPCRECT lpRect)
 
 int CRgn::CombineRgn(CRgn* pRgn1, CRgn* pRgn2, int nCombineMode)
 {
+    ASSERT(m_hObject != NULL);
     return ::CombineRgn(static_cast<HRGN>(m_hObject), static_cast<HRGN>(pRgn1->GetSafeHandle()),
                         static_cast<HRGN>(pRgn2->GetSafeHandle()), nCombineMode);
 }
@@ -333,6 +335,7 @@ HGDIOBJ CDC::SelectHandle(HGDIOBJ hObject)
 
 CGdiObject* CDC::SelectStockObject(int nIndex)
 {
+    ASSERT(m_hDC != NULL);
     return CGdiObject::FromHandle(SelectHandle(::GetStockObject(nIndex)));
 }
 
@@ -363,21 +366,25 @@ CGdiObject* CDC::SelectObject(CGdiObject* pObject)
 
 CPen* CDC::GetCurrentPen() const
 {
+    ASSERT(m_hDC != NULL);
     return CPen::FromHandle(static_cast<HPEN>(::GetCurrentObject(m_hDC, OBJ_PEN)));
 }
 
 CBrush* CDC::GetCurrentBrush() const
 {
+    ASSERT(m_hDC != NULL);
     return CBrush::FromHandle(static_cast<HBRUSH>(::GetCurrentObject(m_hDC, OBJ_BRUSH)));
 }
 
 CFont* CDC::GetCurrentFont() const
 {
+    ASSERT(m_hDC != NULL);
     return CFont::FromHandle(static_cast<HFONT>(::GetCurrentObject(m_hDC, OBJ_FONT)));
 }
 
 CBitmap* CDC::GetCurrentBitmap() const
 {
+    ASSERT(m_hDC != NULL);
     return CBitmap::FromHandle(static_cast<HBITMAP>(::GetCurrentObject(m_hDC, OBJ_BITMAP)));
 }
 
@@ -413,6 +420,7 @@ int CDC::SetMapMode(int nMapMode)
 
 CPoint CDC::GetViewportOrg() const
 {
+    ASSERT(m_hAttribDC != NULL);
     POINT point = {0, 0};
     ::GetViewportOrgEx(m_hAttribDC, &point);
     return point;
@@ -429,6 +437,7 @@ CPoint CDC::SetViewportOrg(int x, int y)
 
 CPoint CDC::GetWindowOrg() const
 {
+    ASSERT(m_hAttribDC != NULL);
     POINT point = {0, 0};
     ::GetWindowOrgEx(m_hAttribDC, &point);
     return point;
@@ -445,11 +454,13 @@ CPoint CDC::SetWindowOrg(int x, int y)
 
 void CDC::LPtoDP(LPSIZE lpSize) const
 {
+    ASSERT(m_hAttribDC != NULL);
     ScaleSize(m_hAttribDC, lpSize, true);
 }
 
 void CDC::DPtoLP(LPSIZE lpSize) const
 {
+    ASSERT(m_hAttribDC != NULL);
     ScaleSize(m_hAttribDC, lpSize, false);
 }
 
@@ -477,18 +488,21 @@ int CDC::ExcludeClipRect(int x1, int y1, int x2, int y2)
 
 BOOL CDC::TextOut(int x, int y, LPCTSTR lpszString, int nCount)
 {
+    ASSERT(m_hDC != NULL);
     return !IsBadText(lpszString, nCount) && ::TextOutA(m_hDC, x, y, lpszString, nCount);
 }
 
 BOOL CDC::ExtTextOut(int x, int y, UINT nOptions, LPCRECT lpRect, LPCTSTR lpszString, UINT nCount,
                      LPINT lpDxWidths)
 {
+    ASSERT(m_hDC != NULL);
     return !IsBadText(lpszString, static_cast<int>(nCount)) &&
            ::ExtTextOutA(m_hDC, x, y, nOptions, lpRect, lpszString, nCount, lpDxWidths);
 }
 
 int CDC::DrawText(LPCTSTR lpszString, int nCount, LPRECT lpRect, UINT nFormat)
 {
+    ASSERT(m_hDC != NULL);
     if (IsBadText(lpszString, nCount) || lpRect == NULL)
         return 0;
     return ::DrawTextA(m_hDC, lpszString, nCount, lpRect, nFormat);
@@ -501,16 +515,19 @@ int CDC::DrawText(const CString& str, LPRECT lpRect, UINT nFormat)
 
 CSize CDC::GetTextExtent(LPCTSTR lpszString, int nCount) const
 {
+    ASSERT(m_hAttribDC != NULL);
     return TextExtent(m_hAttribDC, lpszString, nCount);
 }
 
 CSize CDC::GetOutputTextExtent(LPCTSTR lpszString, int nCount) const
 {
+    ASSERT(m_hDC != NULL);
     return TextExtent(m_hDC, lpszString, nCount);
 }
 
 void CDC::FillSolidRect(LPCRECT lpRect, COLORREF crColor)
 {
+    ASSERT(m_hDC != NULL);
     ::SetBkColor(m_hDC, crColor);
     ::ExtTextOutA(m_hDC, 0, 0, ETO_OPAQUE, lpRect, NULL, 0, NULL);
 }
@@ -539,6 +556,7 @@ void CDC::Draw3dRect(int x, int y, int cx, int cy, COLORREF clrTopLeft, COLORREF
 
 CPoint CDC::MoveTo(int x, int y)
 {
+    ASSERT(m_hDC != NULL);
     return SetInBoth(this, CPoint(), [=](HDC hDC) {
         POINT point = {0, 0};
         ::MoveToEx(hDC, x, y, &point);
@@ -548,6 +566,7 @@ CPoint CDC::MoveTo(int x, int y)
 
 BOOL CDC::LineTo(int x, int y)
 {
+    ASSERT(m_hDC != NULL);
     // The attribute DC's current position follows the line's end.
     if (m_hAttribDC != NULL && m_hAttribDC != m_hDC)
         ::MoveToEx(m_hAttribDC, x, y, NULL);
@@ -603,31 +622,37 @@ CWindowDC::~CWindowDC()
 
 CDC* CWnd::GetDC()
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CDC::FromHandle(::GetDC(m_hWnd));
 }
 
 CDC* CWnd::GetWindowDC()
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CDC::FromHandle(::GetWindowDC(m_hWnd));
 }
 
 int CWnd::ReleaseDC(CDC* pDC)
 {
+    ASSERT(::IsWindow(m_hWnd));
     HDC hDC = pDC->GetSafeHdc();
     return hDC != NULL ? ::ReleaseDC(m_hWnd, hDC) : 0;
 }
 
 CDC* CWnd::BeginPaint(LPPAINTSTRUCT lpPaint)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CDC::FromHandle(::BeginPaint(m_hWnd, lpPaint));
 }
 
 void CWnd::SetFont(CFont* pFont, BOOL bRedraw)
 {
+    ASSERT(::IsWindow(m_hWnd));
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont->GetSafeHandle()), bRedraw);
 }
 
 CFont* CWnd::GetFont() const
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CFont::FromHandle(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
 }

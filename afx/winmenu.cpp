@@ -59,6 +59,7 @@ BOOL CMenu::DestroyMenu()
 
 int CMenu::GetMenuString(UINT nIDItem, LPTSTR lpString, int nMaxCount, UINT nFlags) const
 {
+    ASSERT(::IsMenu(m_hMenu));
     if (lpString == NULL || nMaxCount <= 0)
         return 0;
     // Read whole and cut here: the system may write a character past a buffer that is too short.
@@ -70,6 +71,7 @@ int CMenu::GetMenuString(UINT nIDItem, LPTSTR lpString, int nMaxCount, UINT nFla
 
 int CMenu::GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const
 {
+    ASSERT(::IsMenu(m_hMenu));
     // Asking without a buffer gives the length.
     int nLength = ::GetMenuStringA(m_hMenu, nIDItem, NULL, 0, nFlags);
     if (nLength <= 0)
@@ -84,6 +86,7 @@ int CMenu::GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const
 
 BOOL CMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect)
 {
+    ASSERT(::IsMenu(m_hMenu));
     return ::TrackPopupMenu(m_hMenu, nFlags, x, y, 0, pWnd->GetSafeHwnd(), lpRect);
 }
 
@@ -92,15 +95,18 @@ BOOL CMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect
 
 CMenu* CWnd::GetMenu() const
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CMenu::FromHandle(::GetMenu(m_hWnd));
 }
 
 BOOL CWnd::SetMenu(CMenu* pMenu)
 {
+    ASSERT(::IsWindow(m_hWnd));
     return ::SetMenu(m_hWnd, pMenu->GetSafeHmenu());
 }
 
 CMenu* CWnd::GetSystemMenu(BOOL bRevert) const
 {
+    ASSERT(::IsWindow(m_hWnd));
     return CMenu::FromHandle(::GetSystemMenu(m_hWnd, bRevert));
 }

@@ -7,7 +7,9 @@
 #include "gallery/EditTipPage.h"
 #include "gallery/EventListPage.h"
 #include "gallery/GalleryApp.h"
+#include "gallery/GridPage.h"
 #include "gallery/ListingPage.h"
+#include "gallery/MillionRowsPage.h"
 #include "gallery/TimeFieldPage.h"
 #include "gallery/TransportPage.h"
 
@@ -25,6 +27,8 @@ const struct
     {_T("Listing"), RUNTIME_CLASS(CListingPage)},
     {_T("Transport buttons"), RUNTIME_CLASS(CTransportPage)},
     {_T("Time fields"), RUNTIME_CLASS(CTimeFieldPage)},
+    {_T("Grid"), RUNTIME_CLASS(CGridPage)},
+    {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
 };
 const int PAGE_COUNT = static_cast<int>(sizeof(s_aPages) / sizeof(s_aPages[0]));
 

@@ -1,0 +1,60 @@
+// CGridBench: one set of measurements of CGridList loaded with the shared grid workload, in
+// this process: fill, memory after the fill, paint, row insert and delete at the top, and the
+// two sorts. The process must be fresh, because the peak working set only grows.
+//
+// Each figure is printed as one line "name value" for the runner (grid_bench.cpp), which takes
+// the median over several processes. A check that fails (a wrong sort order, a grid that
+// refuses a text) ends the set with a message on stderr.
+#pragma once
+
+#include <afxwin.h>
+
+#include "grid/GridList.h"
+
+#include <cstdio>
+#include <vector>
+
+class CGridBench
+{
+public:
+    // The paint measurement: a client area of 1024 x 768, rows 25 and columns 90 pixels.
+    static const int CLIENT_WIDTH = 1024;
+    static const int CLIENT_HEIGHT = 768;
+    static const int ROW_HEIGHT = 25;
+    static const int COLUMN_WIDTH = 90;
+    static const int PAINT_WARMUPS = 3;
+    static const int PAINT_RUNS = 20;
+    // Row insert and delete: pairs of operations, averaged.
+    static const int INSERT_DELETE_PAIRS = 100;
+
+    explicit CGridBench(int nRows);
+    CGridBench(const CGridBench&) = delete;
+    CGridBench& operator=(const CGridBench&) = delete;
+
+    // Runs every measurement once, printing the figures to pOut; false when a step failed.
+    bool Run(FILE* pOut);
+
+    // Seconds from a fixed start, from the performance counter.
+    static double Now();
+    static double Median(std::vector<double> values);
+
+private:
+    bool CreateHost();
+    bool Fill(FILE* pOut);
+    void ReportMemory(FILE* pOut);
+    bool SizeForPaint();
+    bool ScrollToTop(int nRow);
+    bool Paint(FILE* pOut);
+    bool InsertDelete(FILE* pOut);
+    bool Sort(FILE* pOut, GridSortCol* pKeys, int nKeys, const char* pszName);
+    // Puts the rows back in the workload's order, so that each sort starts from it.
+    bool RestoreWorkloadOrder();
+    // The workload row that ended at nRow, read back from its first cell ("Item r").
+    int SourceRow(int nRow) const;
+    bool IsSorted(int nSort) const;
+    static void PumpMessages();
+
+    int m_nRows;
+    CWnd m_wndHost;
+    CGridList m_grid;
+};

@@ -1,0 +1,133 @@
+#include "bench/GridWorkload.h"
+
+namespace
+{
+const char* const s_apszWords[16] = {"red",   "green",  "blue",  "cyan", "magenta", "yellow", "black", "white",
+                                     "orange", "purple", "brown", "pink", "gray",    "olive",  "navy",  "teal"};
+// Multipliers of the word columns 5 to 9.
+const int s_anWordFactor[5] = {3, 5, 7, 11, 13};
+// Days before the first of each month in a common year.
+const uint32_t s_anMonthStart[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
+
+// Decimal digits of n, no padding; returns the end.
+char* PutUnsigned(char* p, uint32_t n)
+{
+    char aDigits[10];
+    int nCount = 0;
+    do
+    {
+        aDigits[nCount++] = static_cast<char>('0' + n % 10);
+        n /= 10;
+    } while (n != 0);
+    while (nCount > 0)
+        *p++ = aDigits[--nCount];
+    return p;
+}
+
+char* PutTwoDigits(char* p, uint32_t n)
+{
+    *p++ = static_cast<char>('0' + n / 10);
+    *p++ = static_cast<char>('0' + n % 10);
+    return p;
+}
+
+// Day nDays after 1 Jan 1950 as "MM/DD/YYYY". Counting from 1 Jan 1948, a leap year, every
+// four years form one cycle of 1461 days with the leap year first; that holds for every year
+// from 1901 to 2099, which covers the workload's century.
+char* PutDate(char* p, uint32_t nDays)
+{
+    const uint32_t nFrom1948 = nDays + 366 + 365;
+    const uint32_t nRest = nFrom1948 % 1461;
+    uint32_t nYear = 1948 + 4 * (nFrom1948 / 1461);
+    uint32_t nDayOfYear = nRest;
+    bool bLeap = true;
+    if (nRest >= 366)
+    {
+        nYear += 1 + (nRest - 366) / 365;
+        nDayOfYear = (nRest - 366) % 365;
+        bLeap = false;
+    }
+    int nMonth = 11;
+    auto monthStart = [bLeap](int nIndex) { return s_anMonthStart[nIndex] + (bLeap && nIndex >= 2 ? 1 : 0); };
+    while (nDayOfYear < monthStart(nMonth))
+        --nMonth;
+    const uint32_t nDay = nDayOfYear - monthStart(nMonth) + 1;
+    p = PutTwoDigits(p, nMonth + 1);
+    *p++ = '/';
+    p = PutTwoDigits(p, nDay);
+    *p++ = '/';
+    return PutUnsigned(p, nYear);
+}
+} // namespace
+
+int CGridWorkload::FormatCell(int nRow, int nCol, char* pszBuf)
+{
+    if (pszBuf == nullptr)
+        return -1;
+    *pszBuf = '\0';
+    if (nRow < 0 || nRow >= ROWS || nCol < 0 || nCol >= COLS)
+        return -1;
+    const uint64_t r = static_cast<uint64_t>(nRow);
+    char* p = pszBuf;
+    switch (nCol)
+    {
+    case 0:
+        for (const char* pszItem = "Item "; *pszItem != '\0'; ++pszItem)
+            *p++ = *pszItem;
+        p = PutUnsigned(p, static_cast<uint32_t>(r));
+        break;
+    case 1:
+        p = PutUnsigned(p, static_cast<uint32_t>(r * 7919 % 1000003));
+        break;
+    case 2:
+    {
+        const uint32_t v = static_cast<uint32_t>(r * 104729 % 1000000);
+        p = PutUnsigned(p, v / 100);
+        *p++ = '.';
+        p = PutTwoDigits(p, v % 100);
+        break;
+    }
+    case 3:
+    {
+        const uint32_t s = static_cast<uint32_t>(r * 37 % 86400);
+        p = PutTwoDigits(p, s / 3600);
+        *p++ = ':';
+        p = PutTwoDigits(p, s / 60 % 60);
+        *p++ = ':';
+        p = PutTwoDigits(p, s % 60);
+        break;
+    }
+    case 4:
+        p = PutDate(p, static_cast<uint32_t>(r * 13 % 36500));
+        break;
+    default:
+        for (const char* pszWord = s_apszWords[r * s_anWordFactor[nCol - 5] % 16]; *pszWord != '\0'; ++pszWord)
+            *p++ = *pszWord;
+        break;
+    }
+    *p = '\0';
+    return static_cast<int>(p - pszBuf);
+}
+
+CGridWorkload::CTsvDigest CGridWorkload::DigestTsv(int nRows)
+{
+    const uint64_t FNV_OFFSET = 0xcbf29ce484222325u;
+    const uint64_t FNV_PRIME = 0x100000001b3u;
+    CTsvDigest digest = {0, FNV_OFFSET};
+    if (nRows > ROWS)
+        nRows = ROWS;
+    char szCell[MAX_CELL_LEN + 1];
+    for (int nRow = 0; nRow < nRows; ++nRow)
+    {
+        for (int nCol = 0; nCol < COLS; ++nCol)
+        {
+            const int nLen = FormatCell(nRow, nCol, szCell);
+            // The separator after the cell: TAB between cells, LF at the row's end.
+            szCell[nLen] = nCol + 1 < COLS ? '\t' : '\n';
+            for (int i = 0; i <= nLen; ++i)
+                digest.nFnv1a = (digest.nFnv1a ^ static_cast<unsigned char>(szCell[i])) * FNV_PRIME;
+            digest.nBytes += static_cast<uint64_t>(nLen) + 1;
+        }
+    }
+    return digest;
+}

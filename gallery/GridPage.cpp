@@ -1,0 +1,177 @@
+#include "gallery/GridPage.h"
+
+namespace
+{
+const UINT IDC_GRID = 100;
+const int INTRO_LINES = 3;
+
+enum
+{
+    COL_NUMBER,
+    COL_CUE,
+    COL_CHANNEL,
+    COL_LEVEL,
+    COL_COLOUR,
+    COL_FADE,
+    COL_NOTES,
+    COL_COUNT
+};
+
+const struct
+{
+    LPCTSTR lpszTitle;
+    int nWidth;
+} s_aColumns[COL_COUNT] = {
+    {_T(""), 32},         {_T("Cue"), 56},    {_T("Channel"), 96}, {_T("Level"), 64},
+    {_T("Colour"), 110}, {_T("Fade"), 64}, {_T("Notes"), 170},
+};
+
+// The images: a lamp, a warning and a link, each a 16 by 16 shape.
+enum
+{
+    IMAGE_LAMP,
+    IMAGE_WARNING,
+    IMAGE_LINK,
+    IMAGE_COUNT
+};
+const int IMAGE_SIZE = 16;
+
+const struct
+{
+    LPCTSTR lpszCue;
+    LPCTSTR lpszChannel;
+    LPCTSTR lpszLevel;
+    LPCTSTR lpszColour;
+    COLORREF crColour; // the gel's colour as the cell's background
+    LPCTSTR lpszFade;
+    LPCTSTR lpszNotes;
+} s_aCues[] = {
+    {_T("1"), _T("1-12"), _T("100"), _T("Open white"), RGB(255, 255, 255), _T("3.0"), _T("House to half")},
+    {_T("2"), _T("13"), _T("85"), _T("Amber"), RGB(255, 191, 0), _T("5.0"), _T("Sunrise")},
+    {_T("2.5"), _T("14-16"), _T("70"), _T("Lavender"), RGB(200, 170, 255), _T("2.5"), _T("Follow on")},
+    {_T("3"), _T("21"), _T("60"), _T("Steel"), RGB(70, 90, 110), _T("8.0"), _T("Slow build, check the focus of 21")},
+    {_T("4"), _T("22-24"), _T("45"), _T("Blue"), RGB(0, 64, 192), _T("10.0"), _T("Night")},
+    {_T("5"), _T("31"), _T("100"), _T("Red"), RGB(192, 0, 0), _T("0.0"), _T("Snap")},
+    {_T("6"), _T("32-36"), _T("30"), _T("Green"), RGB(0, 128, 0), _T("4.0"), _T("Forest")},
+    {_T("7"), _T("41"), _T("90"), _T("Amber"), RGB(255, 191, 0), _T("6.0"), _T("Linked to sound")},
+    {_T("8"), _T("42"), _T("15"), _T("Open white"), RGB(255, 255, 255), _T("12.0"), _T("Fade to preset")},
+    {_T("9"), _T("1-48"), _T("0"), _T("Open white"), RGB(255, 255, 255), _T("5.0"), _T("Blackout")},
+};
+const int CUE_COUNT = static_cast<int>(sizeof(s_aCues) / sizeof(s_aCues[0]));
+
+// A dark text on light gels, a white one on dark gels.
+COLORREF TextColourOn(COLORREF crBack)
+{
+    return GetRValue(crBack) * 3 + GetGValue(crBack) * 6 + GetBValue(crBack) < 1000 ? RGB(255, 255, 255)
+                                                                                      : RGB(0, 0, 0);
+}
+} // namespace
+
+IMPLEMENT_DYNCREATE(CGridPage, CGalleryPage)
+
+BEGIN_MESSAGE_MAP(CGridPage, CGalleryPage)
+ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+int CGridPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
+{
+    if (CGalleryPage::OnCreate(lpCreateStruct) == -1)
+        return -1;
+    if (!CreateLabel(m_wndIntro, _T("The grid's cell area as a cue sheet: header row and column, aligned numbers, ")
+                                 _T("gel colours, images, edit icons, a selection (Level to Fade of cues 2.5 to 4) and ")
+                                 _T("a pending cut (the colours of cues 6 and 7, drawn plain while cut).")) ||
+        !m_wndGrid.Create(CUE_COUNT + 1, COL_COUNT, 1, 1, CRect(0, 0, 0, 0), this, IDC_GRID) || !CreateImages())
+        return -1;
+    UseFont(m_wndGrid);
+    LayoutControls(lpCreateStruct->cx, lpCreateStruct->cy);
+    FillGrid();
+    return 0;
+}
+
+BOOL CGridPage::CreateImages()
+{
+    if (!m_images.Create(IMAGE_SIZE, IMAGE_SIZE, ILC_COLOR24 | ILC_MASK, IMAGE_COUNT, 0))
+        return FALSE;
+    CClientDC dcScreen(this);
+    CDC dc;
+    CBitmap bitmap;
+    if (!dc.CreateCompatibleDC(&dcScreen) ||
+        !bitmap.CreateCompatibleBitmap(&dcScreen, IMAGE_SIZE * IMAGE_COUNT, IMAGE_SIZE))
+        return FALSE;
+    // Magenta is the mask: the shapes sit on the cell's own background.
+    const COLORREF crMask = RGB(255, 0, 255);
+    CBitmap* pOldBitmap = dc.SelectObject(&bitmap);
+    dc.FillSolidRect(0, 0, IMAGE_SIZE * IMAGE_COUNT, IMAGE_SIZE, crMask);
+    CBrush brLamp(RGB(255, 210, 0)), brWarning(RGB(220, 40, 20)), brLink(RGB(30, 90, 200));
+    CBrush* pOldBrush = dc.SelectObject(&brLamp);
+    dc.Ellipse(2, 1, 14, 13);
+    dc.FillSolidRect(5, 13, 6, 3, RGB(90, 90, 90));
+    dc.SelectObject(&brWarning);
+    const POINT aTriangle[3] = {{IMAGE_SIZE + 8, 1}, {IMAGE_SIZE + 15, 15}, {IMAGE_SIZE + 1, 15}};
+    dc.Polygon(aTriangle, 3);
+    dc.FillSolidRect(IMAGE_SIZE + 7, 6, 2, 5, RGB(255, 255, 255));
+    dc.FillSolidRect(IMAGE_SIZE + 7, 12, 2, 2, RGB(255, 255, 255));
+    dc.SelectObject(&brLink);
+    dc.Ellipse(2 * IMAGE_SIZE + 1, 4, 2 * IMAGE_SIZE + 10, 12);
+    dc.Ellipse(2 * IMAGE_SIZE + 6, 4, 2 * IMAGE_SIZE + 15, 12);
+    dc.SelectObject(pOldBrush);
+    dc.SelectObject(pOldBitmap);
+    if (m_images.Add(&bitmap, crMask) < 0)
+        return FALSE;
+    m_wndGrid.SetImageList(&m_images, LVSIL_SMALL);
+    return TRUE;
+}
+
+void CGridPage::FillGrid()
+{
+    for (int nCol = 0; nCol < COL_COUNT; ++nCol)
+    {
+        m_wndGrid.SetText(0, nCol, s_aColumns[nCol].lpszTitle, true);
+        m_wndGrid.SetColumnWidth(nCol, s_aColumns[nCol].nWidth);
+    }
+    m_wndGrid.SetColumnTextFormat(COL_CUE, LVCFMT_CENTER);
+    m_wndGrid.SetColumnTextFormat(COL_LEVEL, LVCFMT_RIGHT);
+    m_wndGrid.SetColumnTextFormat(COL_FADE, LVCFMT_RIGHT);
+    m_wndGrid.SetEditIconStyle(CGridList::EIS_SHOW);
+    for (int nCue = 0; nCue < CUE_COUNT; ++nCue)
+    {
+        const int nRow = nCue + 1;
+        CString strNumber;
+        strNumber.Format(_T("%d"), nRow);
+        m_wndGrid.SetText(nRow, COL_NUMBER, strNumber, true);
+        m_wndGrid.SetText(nRow, COL_CUE, s_aCues[nCue].lpszCue, true);
+        m_wndGrid.SetText(nRow, COL_CHANNEL, s_aCues[nCue].lpszChannel, true);
+        m_wndGrid.SetText(nRow, COL_LEVEL, s_aCues[nCue].lpszLevel, true);
+        m_wndGrid.SetText(nRow, COL_COLOUR, s_aCues[nCue].lpszColour, true);
+        m_wndGrid.SetText(nRow, COL_FADE, s_aCues[nCue].lpszFade, true);
+        m_wndGrid.SetText(nRow, COL_NOTES, s_aCues[nCue].lpszNotes, true);
+        m_wndGrid.SetItemBkColor(nRow, COL_COLOUR, s_aCues[nCue].crColour);
+        m_wndGrid.SetItemTextBkColor(nRow, COL_COLOUR, s_aCues[nCue].crColour);
+        m_wndGrid.SetItemTextColor(nRow, COL_COLOUR, TextColourOn(s_aCues[nCue].crColour));
+        m_wndGrid.SetCellImage(nRow, COL_CHANNEL, IMAGE_LAMP, CGridList::IMAGE_BEFORE_TEXT);
+        m_wndGrid.SetCellEditIcon(nRow, COL_COLOUR, CGridList::EDITICON_DROPDOWN, 0, 0);
+        m_wndGrid.SetCellEditIcon(nRow, COL_NOTES, CGridList::EDITICON_DIALOG, 0, 0);
+    }
+    // A full level is left-aligned in its own cell; the long note keeps its warning image in
+    // front and ends in dots; the link image follows its text.
+    m_wndGrid.SetCellTextFormat(6, COL_LEVEL, LVCFMT_LEFT);
+    m_wndGrid.SetItemTextColor(4, COL_NOTES, RGB(192, 0, 0));
+    m_wndGrid.SetCellImage(4, COL_NOTES, IMAGE_WARNING, CGridList::IMAGE_BEFORE_TEXT);
+    m_wndGrid.SetCellImage(8, COL_NOTES, IMAGE_LINK, CGridList::IMAGE_AFTER_TEXT);
+
+    // The page is shown without the focus: the selection keeps its highlight colours.
+    m_wndGrid.ModifyStyle(0, CGridList::GS_SHOWCARETALWAYS);
+    m_wndGrid.SetGraySelectionOnKillFocus(false);
+    CArray<Cell> cutCells;
+    cutCells.Add(Cell(7, COL_COLOUR));
+    cutCells.Add(Cell(8, COL_COLOUR));
+    m_wndGrid.SetCCP(2, 7, COL_COLOUR, cutCells);
+    m_wndGrid.SetCurSel(3, COL_LEVEL, 5, COL_FADE);
+}
+
+void CGridPage::LayoutControls(int cx, int cy)
+{
+    int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
+    int nHeight = cy - y - MARGIN;
+    m_wndGrid.MoveWindow(MARGIN, y, cx - 2 * MARGIN, nHeight > 0 ? nHeight : 0);
+}

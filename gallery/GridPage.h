@@ -1,0 +1,27 @@
+// Page "Grid": the grid's cell area as a cue sheet, with a header row and column, column and
+// cell text formats, cell colours, images before and after the text, the two predefined edit
+// icons, a selection and a pending cut.
+#pragma once
+
+#include "gallery/GalleryPage.h"
+#include "grid/GridList.h"
+
+class CGridPage : public CGalleryPage
+{
+    DECLARE_DYNCREATE(CGridPage)
+public:
+    CGridPage() {}
+
+protected:
+    void LayoutControls(int cx, int cy) override;
+    afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    BOOL CreateImages();
+    void FillGrid();
+
+    CStatic m_wndIntro;
+    CGridList m_wndGrid;
+    CImageList m_images;
+};

@@ -1,5 +1,5 @@
 // Painting of the grid, read back from the window's pixels.
-#include "tests/grid/GridWindowFixture.h"
+#include "tests/grid/GridHost.h"
 
 #include <string.h>
 
@@ -96,7 +96,7 @@ TEST_F(CGridWindowTest, SelectionIsHighlightedGrayedOrBlended)
         SCOPED_TRACE(testing::Message() << c.bTransparent << " " << c.nLastCol << " " << c.bFocused);
         m_grid.SetTransperantSelection(c.bTransparent);
         m_grid.SetCurSel(1, 1, 1, c.nLastCol);
-        ::SetFocus(c.bFocused ? m_grid.GetSafeHwnd() : m_gridWnd.GetSafeHwnd());
+        ::SetFocus(c.bFocused ? m_grid.GetSafeHwnd() : m_host.m_wndGrid.GetSafeHwnd());
         m_grid.Invalidate();
         EXPECT_EQ(c.cr, Capture().GetPixel(60, 30));
     }

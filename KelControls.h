@@ -14,5 +14,6 @@
 #include "frame/EventList.h"
 #include "grid/GridList.h"
 #include "grid/GridHeader.h"
+#include "grid/TGrid.h"
 #include "values/SpanFloppies.h"
 #endif

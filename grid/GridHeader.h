@@ -162,6 +162,7 @@ public:
     BOOL UpdateScrollBars(SCROLLINFO* pOld = NULL, int* pPos = NULL, int* pPage = NULL, int* pMaxPos = NULL);
     // While printing, item texts are drawn in the device context's own font.
     void SetPrinting(bool bPrinting) { m_bPrinting = bPrinting; }
+    BOOL IsPrinting() const { return m_bPrinting; }
     // Gives the focus to the owner, or the parent when there is no owner.
     void SetParentFocus();
 

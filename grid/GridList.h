@@ -28,6 +28,10 @@
 #define GN_COMBOSELENDOK (0U - 197U) // the in-place combo box chose an entry
 #define GN_CELLCHANGE (0U - 198U)    // the caret cell changed, after GN_CARETCHANGE: NMGRIDCELL
 
+// Sent by the list to its parent, the grid window, after LVM_SETCOLUMNWIDTH changed a column:
+// wParam the column, lParam its new width. The grid window keeps its header in step with it.
+#define GM_COLUMNWIDTHCHANGED (WM_USER + 20)
+
 // GN_CCPMENU: 1 allows an item, 0 forbids it. A non-zero result makes the grid read the three
 // values back as the host left them.
 struct NMGRIDCCPMENU
@@ -480,6 +484,8 @@ protected:
     afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     // Any column message of the list view: the column edges are read again.
     afx_msg LRESULT OnColumnChange(WPARAM wParam, LPARAM lParam);
+    // A width change besides tells the parent (GM_COLUMNWIDTHCHANGED).
+    afx_msg LRESULT OnSetColumnWidth(WPARAM wParam, LPARAM lParam);
     // WM_MEASUREITEM, reflected by the parent, is answered by MeasureItem.
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
     // The right edge of every column, measured from the left edge of a row.

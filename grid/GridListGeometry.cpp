@@ -30,6 +30,15 @@ LRESULT CGridList::OnColumnChange(WPARAM, LPARAM)
     return lResult;
 }
 
+LRESULT CGridList::OnSetColumnWidth(WPARAM wParam, LPARAM lParam)
+{
+    LRESULT lResult = OnColumnChange(wParam, lParam);
+    const int col = static_cast<int>(wParam);
+    if (lResult != 0 && col >= 0 && col < m_nCols && GetParent() != NULL)
+        GetParent()->SendMessage(GM_COLUMNWIDTHCHANGED, wParam, GetColumnWidth(col));
+    return lResult;
+}
+
 int CGridList::GetColumnWidth(int col) const
 {
     if (col < 0 || col >= m_nCols)

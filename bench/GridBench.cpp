@@ -67,7 +67,10 @@ bool CGridBench::Run(FILE* pOut)
     // column 1 as numbers descending. Both start from the workload's order.
     GridSortCol aSort1[1] = {GridSortCol(1, 2)};
     GridSortCol aSort2[2] = {GridSortCol(5, 0), GridSortCol(1, 3)};
-    return Sort(pOut, aSort1, 1, "sort1_s") && RestoreWorkloadOrder() && Sort(pOut, aSort2, 2, "sort2_s");
+    if (!Sort(pOut, aSort1, 1, "sort1_s") || !RestoreWorkloadOrder() || !Sort(pOut, aSort2, 2, "sort2_s"))
+        return false;
+    m_grid.DestroyWindow();
+    return FillFrame() && HeaderClickSort(pOut) && DividerDrag(pOut);
 }
 
 bool CGridBench::CreateHost()
@@ -314,5 +317,87 @@ bool CGridBench::RestoreWorkloadOrder()
     for (int nRow = 0; nRow < m_nRows; ++nRow)
         m_grid.SetItemDataPtr(nRow, slots[nRow]);
     PumpMessages();
+    return true;
+}
+
+bool CGridBench::FillFrame()
+{
+    if (!m_frame.Create(m_nRows, CGridWorkload::COLS, 0, 0, WS_CHILD | WS_VISIBLE,
+                        CRect(0, 0, CLIENT_WIDTH, CLIENT_HEIGHT), &m_wndHost, IDC_BENCH_GRID))
+    {
+        fprintf(stderr, "grid_bench: cannot create a grid window of %d rows\n", m_nRows);
+        return false;
+    }
+    CGridList& list = m_frame.GetList();
+    char szCell[CGridWorkload::MAX_CELL_LEN + 1];
+    for (int nRow = 0; nRow < m_nRows; ++nRow)
+    {
+        for (int nCol = 0; nCol < CGridWorkload::COLS; ++nCol)
+        {
+            CGridWorkload::FormatCell(nRow, nCol, szCell);
+            list.SetText(nRow, nCol, szCell, true);
+        }
+    }
+    list.SetRowHeight(ROW_HEIGHT);
+    list.SetAllColsToWidth(COLUMN_WIDTH);
+    list.ModifyStyle(0, CGridList::GS_SORTONHDR);
+    m_frame.SetColumnSortClass(1, 1);
+    PumpMessages();
+    return true;
+}
+
+bool CGridBench::HeaderClickSort(FILE* pOut)
+{
+    // Column 1 as numbers, ascending: the click's press and release, the sort and the repaint
+    // of both children.
+    CGridList& list = m_frame.GetList();
+    HWND hHeader = m_frame.GetHeader().GetSafeHwnd();
+    const LPARAM lPoint = MAKELPARAM(COLUMN_WIDTH + COLUMN_WIDTH / 2, 5);
+    const double dStart = Now();
+    ::SendMessage(hHeader, WM_LBUTTONDOWN, MK_LBUTTON, lPoint);
+    ::SendMessage(hHeader, WM_LBUTTONUP, 0, lPoint);
+    ::UpdateWindow(hHeader);
+    ::UpdateWindow(list.GetSafeHwnd());
+    const double dClick = Now() - dStart;
+    PumpMessages();
+    for (int nRow = 1; nRow < m_nRows; ++nRow)
+    {
+        if (atoi(list.GetText(nRow - 1, 1)) >= atoi(list.GetText(nRow, 1)))
+        {
+            fprintf(stderr, "grid_bench: the header click left the rows out of order\n");
+            return false;
+        }
+    }
+    fprintf(pOut, "hdrclick_s %.6f\n", dClick);
+    return true;
+}
+
+bool CGridBench::DividerDrag(FILE* pOut)
+{
+    // The divider after column 0, dragged right a pixel a step: HDN_TRACK, the list's column
+    // width, and the repaint of header and list.
+    CGridList& list = m_frame.GetList();
+    HWND hHeader = m_frame.GetHeader().GetSafeHwnd();
+    const int x = COLUMN_WIDTH - 1;
+    ::SendMessage(hHeader, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, 5));
+    PumpMessages();
+    std::vector<double> times;
+    for (int nStep = 1; nStep <= DRAG_STEPS; ++nStep)
+    {
+        const double dStart = Now();
+        ::SendMessage(hHeader, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(x + nStep, 5));
+        ::UpdateWindow(hHeader);
+        ::UpdateWindow(list.GetSafeHwnd());
+        times.push_back(Now() - dStart);
+    }
+    ::SendMessage(hHeader, WM_LBUTTONUP, 0, MAKELPARAM(x + DRAG_STEPS, 5));
+    PumpMessages();
+    if (list.GetColumnWidth(0) != COLUMN_WIDTH + DRAG_STEPS)
+    {
+        fprintf(stderr, "grid_bench: the drag left column 0 %d pixels wide, not %d\n", list.GetColumnWidth(0),
+                COLUMN_WIDTH + DRAG_STEPS);
+        return false;
+    }
+    fprintf(pOut, "divdrag_ms %.4f\n", Median(times) * 1000.0);
     return true;
 }

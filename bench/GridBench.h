@@ -1,6 +1,7 @@
 // CGridBench: one set of measurements of CGridList loaded with the shared grid workload, in
 // this process: fill, memory after the fill, paint, row insert and delete at the top, and the
-// two sorts. The process must be fresh, because the peak working set only grows.
+// two sorts; then, in a grid window loaded likewise, a header click to a sorted and repainted
+// grid and one step of a divider drag. The process must be fresh, because the peak working set only grows.
 //
 // Each figure is printed as one line "name value" for the runner (grid_bench.cpp), which takes
 // the median over several processes. A check that fails (a wrong sort order, a grid that
@@ -10,6 +11,7 @@
 #include <afxwin.h>
 
 #include "grid/GridList.h"
+#include "grid/TGrid.h"
 
 #include <cstdio>
 #include <vector>
@@ -26,6 +28,8 @@ public:
     static const int PAINT_RUNS = 20;
     // Row insert and delete: pairs of operations, averaged.
     static const int INSERT_DELETE_PAIRS = 100;
+    // Divider drag: steps of one pixel, the median taken.
+    static const int DRAG_STEPS = 40;
 
     explicit CGridBench(int nRows);
     CGridBench(const CGridBench&) = delete;
@@ -53,8 +57,13 @@ private:
     int SourceRow(int nRow) const;
     bool IsSorted(int nSort) const;
     static void PumpMessages();
+    // The grid window's figures; the list of the other measurements is gone by then.
+    bool FillFrame();
+    bool HeaderClickSort(FILE* pOut);
+    bool DividerDrag(FILE* pOut);
 
     int m_nRows;
     CWnd m_wndHost;
     CGridList m_grid;
+    CGrid m_frame;
 };

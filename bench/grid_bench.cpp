@@ -42,6 +42,8 @@ const struct CFigure
     {"paint_ms", "paint, full 1024x768 [ms]", 5, false},
     {"insert_ms", "row insert at top [ms]", 2, false},
     {"delete_ms", "row delete at top [ms]", 2, false},
+    {"hdrclick_s", "header click to sorted grid [s]", 0.4, true},
+    {"divdrag_ms", "divider drag step [ms]", 10, false},
 };
 
 typedef std::map<std::string, std::vector<double>> CSamples;

@@ -21,9 +21,10 @@ const struct
 {
     LPCTSTR lpszTitle;
     int nWidth;
+    short nSortClass; // 0 text, 1 numbers
 } s_aColumns[COL_COUNT] = {
-    {_T(""), 32},         {_T("Cue"), 56},    {_T("Channel"), 96}, {_T("Level"), 64},
-    {_T("Colour"), 110}, {_T("Fade"), 64}, {_T("Notes"), 170},
+    {_T("#"), 32, 1},      {_T("Cue"), 56, 1},  {_T("Channel"), 96, 0}, {_T("Level"), 64, 1},
+    {_T("Colour"), 110, 0}, {_T("Fade"), 64, 1}, {_T("Notes"), 170, 0},
 };
 
 // The images: a lamp, a warning and a link, each a 16 by 16 shape.
@@ -77,12 +78,15 @@ int CGridPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
     if (CGalleryPage::OnCreate(lpCreateStruct) == -1)
         return -1;
-    if (!CreateLabel(m_wndIntro, _T("The grid's cell area as a cue sheet: header row and column, aligned numbers, ")
-                                 _T("gel colours, images, edit icons, a selection (Level to Fade of cues 2.5 to 4) and ")
-                                 _T("a pending cut (the colours of cues 6 and 7, drawn plain while cut).")) ||
-        !m_wndGrid.Create(CUE_COUNT + 1, COL_COUNT, 1, 1, CRect(0, 0, 0, 0), this, IDC_GRID) || !CreateImages())
+    if (!CreateLabel(m_wndIntro, _T("A grid window as a cue sheet: click a title to sort by it, Ctrl+click to add ")
+                                 _T("a key (shown sorted by Colour, then Level downwards). Aligned numbers, gel colours, ")
+                                 _T("images, edit icons, a selection (Level to Fade of cues 2.5 to 4) and a pending cut ")
+                                 _T("(the colours of cues 6 and 7, drawn plain while cut).")) ||
+        !m_wndGrid.Create(CUE_COUNT, COL_COUNT, 0, 0, WS_CHILD | WS_VISIBLE | WS_TABSTOP, CRect(0, 0, 0, 0), this,
+                          IDC_GRID) ||
+        !CreateImages())
         return -1;
-    UseFont(m_wndGrid);
+    m_wndGrid.SetGridFont(m_pFont);
     LayoutControls(lpCreateStruct->cx, lpCreateStruct->cy);
     FillGrid();
     return 0;
@@ -118,55 +122,62 @@ BOOL CGridPage::CreateImages()
     dc.SelectObject(pOldBitmap);
     if (m_images.Add(&bitmap, crMask) < 0)
         return FALSE;
-    m_wndGrid.SetImageList(&m_images, LVSIL_SMALL);
+    m_wndGrid.GetList().SetImageList(&m_images, LVSIL_SMALL);
     return TRUE;
 }
 
 void CGridPage::FillGrid()
 {
+    CGridList& list = m_wndGrid.GetList();
     for (int nCol = 0; nCol < COL_COUNT; ++nCol)
     {
-        m_wndGrid.SetText(0, nCol, s_aColumns[nCol].lpszTitle, true);
-        m_wndGrid.SetColumnWidth(nCol, s_aColumns[nCol].nWidth);
+        m_wndGrid.SetColumnTitle(nCol, s_aColumns[nCol].lpszTitle);
+        m_wndGrid.SetColumnSortClass(nCol, s_aColumns[nCol].nSortClass);
+        list.SetColumnWidth(nCol, s_aColumns[nCol].nWidth);
     }
-    m_wndGrid.SetColumnTextFormat(COL_CUE, LVCFMT_CENTER);
-    m_wndGrid.SetColumnTextFormat(COL_LEVEL, LVCFMT_RIGHT);
-    m_wndGrid.SetColumnTextFormat(COL_FADE, LVCFMT_RIGHT);
-    m_wndGrid.SetEditIconStyle(CGridList::EIS_SHOW);
-    for (int nCue = 0; nCue < CUE_COUNT; ++nCue)
+    list.SetColumnTextFormat(COL_CUE, LVCFMT_CENTER);
+    list.SetColumnTextFormat(COL_LEVEL, LVCFMT_RIGHT);
+    list.SetColumnTextFormat(COL_FADE, LVCFMT_RIGHT);
+    list.SetEditIconStyle(CGridList::EIS_SHOW);
+    for (int nRow = 0; nRow < CUE_COUNT; ++nRow)
     {
-        const int nRow = nCue + 1;
         CString strNumber;
-        strNumber.Format(_T("%d"), nRow);
-        m_wndGrid.SetText(nRow, COL_NUMBER, strNumber, true);
-        m_wndGrid.SetText(nRow, COL_CUE, s_aCues[nCue].lpszCue, true);
-        m_wndGrid.SetText(nRow, COL_CHANNEL, s_aCues[nCue].lpszChannel, true);
-        m_wndGrid.SetText(nRow, COL_LEVEL, s_aCues[nCue].lpszLevel, true);
-        m_wndGrid.SetText(nRow, COL_COLOUR, s_aCues[nCue].lpszColour, true);
-        m_wndGrid.SetText(nRow, COL_FADE, s_aCues[nCue].lpszFade, true);
-        m_wndGrid.SetText(nRow, COL_NOTES, s_aCues[nCue].lpszNotes, true);
-        m_wndGrid.SetItemBkColor(nRow, COL_COLOUR, s_aCues[nCue].crColour);
-        m_wndGrid.SetItemTextBkColor(nRow, COL_COLOUR, s_aCues[nCue].crColour);
-        m_wndGrid.SetItemTextColor(nRow, COL_COLOUR, TextColourOn(s_aCues[nCue].crColour));
-        m_wndGrid.SetCellImage(nRow, COL_CHANNEL, IMAGE_LAMP, CGridList::IMAGE_BEFORE_TEXT);
-        m_wndGrid.SetCellEditIcon(nRow, COL_COLOUR, CGridList::EDITICON_DROPDOWN, 0, 0);
-        m_wndGrid.SetCellEditIcon(nRow, COL_NOTES, CGridList::EDITICON_DIALOG, 0, 0);
+        strNumber.Format(_T("%d"), nRow + 1);
+        list.SetText(nRow, COL_NUMBER, strNumber, true);
+        list.SetText(nRow, COL_CUE, s_aCues[nRow].lpszCue, true);
+        list.SetText(nRow, COL_CHANNEL, s_aCues[nRow].lpszChannel, true);
+        list.SetText(nRow, COL_LEVEL, s_aCues[nRow].lpszLevel, true);
+        list.SetText(nRow, COL_COLOUR, s_aCues[nRow].lpszColour, true);
+        list.SetText(nRow, COL_FADE, s_aCues[nRow].lpszFade, true);
+        list.SetText(nRow, COL_NOTES, s_aCues[nRow].lpszNotes, true);
+        list.SetItemBkColor(nRow, COL_COLOUR, s_aCues[nRow].crColour);
+        list.SetItemTextBkColor(nRow, COL_COLOUR, s_aCues[nRow].crColour);
+        list.SetItemTextColor(nRow, COL_COLOUR, TextColourOn(s_aCues[nRow].crColour));
+        list.SetCellImage(nRow, COL_CHANNEL, IMAGE_LAMP, CGridList::IMAGE_BEFORE_TEXT);
+        list.SetCellEditIcon(nRow, COL_COLOUR, CGridList::EDITICON_DROPDOWN, 0, 0);
+        list.SetCellEditIcon(nRow, COL_NOTES, CGridList::EDITICON_DIALOG, 0, 0);
     }
     // A full level is left-aligned in its own cell; the long note keeps its warning image in
     // front and ends in dots; the link image follows its text.
-    m_wndGrid.SetCellTextFormat(6, COL_LEVEL, LVCFMT_LEFT);
-    m_wndGrid.SetItemTextColor(4, COL_NOTES, RGB(192, 0, 0));
-    m_wndGrid.SetCellImage(4, COL_NOTES, IMAGE_WARNING, CGridList::IMAGE_BEFORE_TEXT);
-    m_wndGrid.SetCellImage(8, COL_NOTES, IMAGE_LINK, CGridList::IMAGE_AFTER_TEXT);
+    list.SetCellTextFormat(5, COL_LEVEL, LVCFMT_LEFT);
+    list.SetItemTextColor(3, COL_NOTES, RGB(192, 0, 0));
+    list.SetCellImage(3, COL_NOTES, IMAGE_WARNING, CGridList::IMAGE_BEFORE_TEXT);
+    list.SetCellImage(7, COL_NOTES, IMAGE_LINK, CGridList::IMAGE_AFTER_TEXT);
 
     // The page is shown without the focus: the selection keeps its highlight colours.
-    m_wndGrid.ModifyStyle(0, CGridList::GS_SHOWCARETALWAYS);
-    m_wndGrid.SetGraySelectionOnKillFocus(false);
+    list.ModifyStyle(0, CGridList::GS_SHOWCARETALWAYS | CGridList::GS_SORTONHDR);
+    list.SetGraySelectionOnKillFocus(false);
     CArray<Cell> cutCells;
+    cutCells.Add(Cell(6, COL_COLOUR));
     cutCells.Add(Cell(7, COL_COLOUR));
-    cutCells.Add(Cell(8, COL_COLOUR));
-    m_wndGrid.SetCCP(2, 7, COL_COLOUR, cutCells);
-    m_wndGrid.SetCurSel(3, COL_LEVEL, 5, COL_FADE);
+    list.SetCCP(2, 6, COL_COLOUR, cutCells);
+    list.SetCurSel(2, COL_LEVEL, 4, COL_FADE);
+
+    // Sorted as the header's clicks would sort it: by colour, then level downwards. The
+    // selection and the cut travel with their rows.
+    m_wndGrid.SortOnColumn(COL_COLOUR, false);
+    m_wndGrid.SortOnColumn(COL_LEVEL, true);
+    m_wndGrid.SortOnColumn(COL_LEVEL, true);
 }
 
 void CGridPage::LayoutControls(int cx, int cy)

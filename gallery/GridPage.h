@@ -1,10 +1,11 @@
-// Page "Grid": the grid's cell area as a cue sheet, with a header row and column, column and
-// cell text formats, cell colours, images before and after the text, the two predefined edit
-// icons, a selection and a pending cut.
+// Page "Grid": a live grid window as a cue sheet, with column titles that sort (a click sorts by
+// one column, Ctrl+click adds a key and the titles show the priorities), column and cell text
+// formats, cell colours, images before and after the text, the two predefined edit icons, a
+// selection and a pending cut.
 #pragma once
 
 #include "gallery/GalleryPage.h"
-#include "grid/GridList.h"
+#include "grid/TGrid.h"
 
 class CGridPage : public CGalleryPage
 {
@@ -22,6 +23,6 @@ private:
     void FillGrid();
 
     CStatic m_wndIntro;
-    CGridList m_wndGrid;
+    CGrid m_wndGrid;
     CImageList m_images;
 };

@@ -252,12 +252,8 @@ void CGridFrame::OnHeaderNotify(NMHEADER* pHeader, LRESULT& lResult)
         // The parent's veto undoes the step in the header; the list follows only what stays.
         if (lResult == 0 && pHeader->pitem != NULL && (pHeader->pitem->mask & HDI_WIDTH) != 0)
         {
-            // Without redrawing the list view does not scroll the columns right of the edge
-            // across, which costs more than painting the list again.
             m_bSyncingWidth = true;
-            pList->SetRedraw(FALSE);
             pList->SetColumnWidth(pHeader->iItem, pHeader->pitem->cxy);
-            pList->SetRedraw(TRUE);
             m_bSyncingWidth = false;
         }
         break;

@@ -482,10 +482,15 @@ void CGridFrame::AppendField(std::string& text, const char* pszField, char cSepa
     text += '"';
 }
 
+bool CGridFrame::CanExport(EXPORTFORMAT format)
+{
+    return (format == EXPORT_TEXT || format == EXPORT_CSV) && GetGridList()->GetSafeHwnd() != NULL;
+}
+
 CString CGridFrame::GetExportText(EXPORTFORMAT format)
 {
     CGridList* pList = GetGridList();
-    if ((format != EXPORT_TEXT && format != EXPORT_CSV) || pList->GetSafeHwnd() == NULL)
+    if (!CanExport(format))
         return CString();
     const char cSeparator = format == EXPORT_CSV ? ',' : '\t';
     std::string text;
@@ -513,7 +518,7 @@ CString CGridFrame::GetExportText(EXPORTFORMAT format)
 
 BOOL CGridFrame::ExportToFile(LPCTSTR lpszPath, EXPORTFORMAT format)
 {
-    if (lpszPath == NULL || (format != EXPORT_TEXT && format != EXPORT_CSV))
+    if (lpszPath == NULL || !CanExport(format))
         return FALSE;
     const CString text = GetExportText(format);
     HANDLE hFile = ::CreateFileA(lpszPath, GENERIC_WRITE, 0, NULL, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, NULL);
@@ -527,7 +532,7 @@ BOOL CGridFrame::ExportToFile(LPCTSTR lpszPath, EXPORTFORMAT format)
 
 BOOL CGridFrame::ExportToClipboard(EXPORTFORMAT format)
 {
-    if (format != EXPORT_TEXT && format != EXPORT_CSV)
+    if (!CanExport(format))
         return FALSE;
     const CString text = GetExportText(format);
     const SIZE_T nBytes = static_cast<SIZE_T>(text.GetLength()) + 1;

@@ -95,9 +95,10 @@ public:
     // every row of the list, every record ending with CR LF. A field holding its separator, a
     // quote, CR or LF is put in double quotes with its quotes doubled (RFC 4180 style).
     CString GetExportText(EXPORTFORMAT format);
-    // FALSE when the file cannot be written or the format is unknown.
+    // FALSE when the file cannot be written, the format is unknown or the grid not created.
     BOOL ExportToFile(LPCTSTR lpszPath, EXPORTFORMAT format);
-    // As CF_TEXT; FALSE when the clipboard cannot be opened or the format is unknown.
+    // As CF_TEXT; FALSE when the clipboard cannot be opened, the format is unknown or the grid
+    // not created.
     BOOL ExportToClipboard(EXPORTFORMAT format);
 
 protected:
@@ -115,6 +116,8 @@ private:
     // Sends the notification to the parent in the grid window's name, restoring the header.
     LRESULT ForwardNotify(NMHDR* pHdr);
     static void AppendField(std::string& text, const char* pszField, char cSeparator);
+    // A known format of a grid that exists.
+    bool CanExport(EXPORTFORMAT format);
     // The rendering of PrintPage, the device context prepared.
     void DrawPrintPage(CDC* pDC, const CSize& sizePage, int nFirstRow, int nLastRow);
     // The print layout in screen pixels: the page, the rows per page (at least one).

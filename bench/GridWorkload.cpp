@@ -109,25 +109,37 @@ int CGridWorkload::FormatCell(int nRow, int nCol, char* pszBuf)
     return static_cast<int>(p - pszBuf);
 }
 
-CGridWorkload::CTsvDigest CGridWorkload::DigestTsv(int nRows)
+const char CGridWorkload::SHA256_WHOLE_TABLE[65] =
+    "03b613070c79eb72831f942dc8d08afb8fa1eb46de004bad714e54e2115697b6";
+
+uint64_t CGridWorkload::WriteTsv(int nRows, PFNTSVSINK pfnSink, void* pContext)
 {
-    const uint64_t FNV_OFFSET = 0xcbf29ce484222325u;
-    const uint64_t FNV_PRIME = 0x100000001b3u;
-    CTsvDigest digest = {0, FNV_OFFSET};
+    if (pfnSink == nullptr)
+        return 0;
     if (nRows > ROWS)
         nRows = ROWS;
-    char szCell[MAX_CELL_LEN + 1];
+    // Whole rows go into the buffer while one more fits.
+    const size_t BUFFER_SIZE = 65536;
+    const size_t ROW_MAX = COLS * (MAX_CELL_LEN + 1);
+    char buffer[BUFFER_SIZE];
+    size_t nUsed = 0;
+    uint64_t nTotal = 0;
     for (int nRow = 0; nRow < nRows; ++nRow)
     {
+        if (nUsed + ROW_MAX > BUFFER_SIZE)
+        {
+            pfnSink(buffer, nUsed, pContext);
+            nTotal += nUsed;
+            nUsed = 0;
+        }
         for (int nCol = 0; nCol < COLS; ++nCol)
         {
-            const int nLen = FormatCell(nRow, nCol, szCell);
-            // The separator after the cell: TAB between cells, LF at the row's end.
-            szCell[nLen] = nCol + 1 < COLS ? '\t' : '\n';
-            for (int i = 0; i <= nLen; ++i)
-                digest.nFnv1a = (digest.nFnv1a ^ static_cast<unsigned char>(szCell[i])) * FNV_PRIME;
-            digest.nBytes += static_cast<uint64_t>(nLen) + 1;
+            // FormatCell's terminating zero is overwritten by the separator after the cell.
+            nUsed += static_cast<size_t>(FormatCell(nRow, nCol, buffer + nUsed));
+            buffer[nUsed++] = nCol + 1 < COLS ? '\t' : '\n';
         }
     }
-    return digest;
+    if (nUsed != 0)
+        pfnSink(buffer, nUsed, pContext);
+    return nTotal + nUsed;
 }

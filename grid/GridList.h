@@ -536,6 +536,10 @@ protected:
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
+    // The row count to the list view without drawing its scroll bar now.
+    void SetItemCountQuietly();
+    // The style messages, kept from the list view while SetItemCountQuietly hides it.
+    afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
     void CreateEditors();
 
@@ -612,6 +616,7 @@ protected:
     int m_nDrawRow = -1;
     CRect m_rcDrawRow;
     BOOL m_bDrawFocused = FALSE;
+    BOOL m_bQuietStyle = FALSE;
 
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;

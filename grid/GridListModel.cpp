@@ -19,6 +19,8 @@ ON_MESSAGE(LVM_DELETECOLUMN, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNA, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNW, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNWIDTH, OnColumnChange)
+ON_MESSAGE(WM_STYLECHANGING, OnStyleChange)
+ON_MESSAGE(WM_STYLECHANGED, OnStyleChange)
 END_MESSAGE_MAP()
 
 namespace
@@ -198,11 +200,49 @@ BOOL CGridList::InitRowsAndCols()
     return TRUE;
 }
 
+LRESULT CGridList::OnStyleChange(WPARAM, LPARAM)
+{
+    return m_bQuietStyle ? 0 : Default();
+}
+
+void CGridList::SetItemCountQuietly()
+{
+    // The list view redraws its scroll bar at once whenever its count changes, which costs more
+    // than anything else an insert or delete does. While the window is marked invisible the
+    // scroll bar takes the new range without drawing; the list view is kept from hearing of
+    // the style change, which would make it lay itself out and repaint afresh. The bar is
+    // invalidated instead, when its thumb moved, and repaints with the next paint.
+    const LONG_PTR nStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE);
+    SCROLLBARINFO before, after;
+    before.cbSize = after.cbSize = sizeof(SCROLLBARINFO);
+    if ((nStyle & WS_VISIBLE) == 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before))
+    {
+        SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+        return;
+    }
+    m_bQuietStyle = TRUE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nStyle & ~static_cast<LONG_PTR>(WS_VISIBLE));
+    SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    // The list view may have shown or hidden a scroll bar meanwhile.
+    const LONG_PTR nNewStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE) | WS_VISIBLE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nNewStyle);
+    m_bQuietStyle = FALSE;
+    if (((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) != 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after))
+        ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | RDW_FRAME); // the client area moved too
+    else if (after.xyThumbTop != before.xyThumbTop || after.xyThumbBottom != before.xyThumbBottom ||
+             after.rgstate[0] != before.rgstate[0])
+    {
+        CRect rcBar(after.rcScrollBar);
+        ScreenToClient(&rcBar);
+        ::RedrawWindow(m_hWnd, &rcBar, NULL, RDW_INVALIDATE | RDW_FRAME);
+    }
+}
+
 void CGridList::UpdateItemCount(int nFromRow)
 {
     if (GetSafeHwnd() == NULL)
         return;
-    SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    SetItemCountQuietly();
     if (!IsWindowVisible())
         return;
     // Only the visible rows from the changed one down show something else now.

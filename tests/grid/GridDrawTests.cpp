@@ -202,3 +202,34 @@ TEST_F(CGridWindowTest, CellTextIsDrawnAsDrawTextDrawsIt)
                 EXPECT_TRUE(grid.Pixels() == reference.Pixels());
             }
 }
+
+// Inserts and deletes leave the scroll bar to the next paint: it must then show what a fresh
+// paint of the whole frame shows, also where the bar appears or goes.
+TEST_F(CGridWindowTest, TheScrollBarFollowsInsertsAndDeletes)
+{
+    CreateGrid(3, 2, 60, 16, CSize(200, 120));
+    const struct
+    {
+        int nInserts, nDeletes;
+    } steps[] = {{10, 0}, {40, 0}, {0, 50}};
+    for (const auto& step : steps)
+    {
+        m_image.Capture(m_host);
+        for (int i = 0; i < step.nInserts; ++i)
+            m_grid.InsertRow(0, true);
+        for (int i = 0; i < step.nDeletes; ++i)
+            m_grid.DeleteRow(0, true);
+        ASSERT_TRUE(m_image.Capture(m_host));
+        std::vector<COLORREF> after;
+        for (int y = 0; y < 120; ++y)
+            for (int x = 0; x < 200; ++x)
+                after.push_back(m_image.GetPixel(x, y));
+        m_grid.RedrawWindow(NULL, NULL, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
+        ASSERT_TRUE(m_image.Capture(m_host));
+        int nDiffering = 0;
+        for (int y = 0; y < 120; ++y)
+            for (int x = 0; x < 200; ++x)
+                nDiffering += after[static_cast<size_t>(y * 200 + x)] != m_image.GetPixel(x, y);
+        EXPECT_EQ(0, nDiffering) << step.nInserts << " inserted, " << step.nDeletes << " deleted";
+    }
+}

@@ -79,6 +79,7 @@ public:
     class CItemData;
     class CSelectedCells;
     class CTextPool;
+    class CBlockPool;
 
     // Cell state flags.
     enum eCellState
@@ -621,6 +622,9 @@ protected:
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;
     std::unique_ptr<CTextPool> m_pTextPool;
+    // The row records, and their text-slot arrays (a slot per column).
+    std::unique_ptr<CBlockPool> m_pRecordPool;
+    std::unique_ptr<CBlockPool> m_pSlotPool;
 };
 
 // Sorts the row records in place with the grid's heap sort; compare receives pointers to two

@@ -39,7 +39,8 @@ const WORD kPlacementBits = 0x1800;
 
 CGridList::CGridList()
     : m_pSelectedCells(new CSelectedCells), m_pCCPCells(new CSelectedCells), m_pEditIconImageList(NULL),
-      m_dwEditIconStyle(0), m_pTextPool(new CTextPool)
+      m_dwEditIconStyle(0), m_pTextPool(new CTextPool),
+      m_pRecordPool(new CBlockPool(sizeof(CItemData))), m_pSlotPool(new CBlockPool(0))
 {
     InitAllData();
 }
@@ -98,17 +99,17 @@ void CGridList::InitAllData()
 
 void CGridList::FreeAllRows()
 {
+    // The records, their text slots and texts go with their pools; only the other arrays are
+    // the heap's.
     for (DWORD_PTR& slot : m_arRows)
     {
         if (slot != 0 && slot != kNoRecord)
-        {
-            CItemData* pData = reinterpret_cast<CItemData*>(slot);
-            pData->Free(*m_pTextPool, m_nCols);
-            delete pData;
-        }
+            reinterpret_cast<CItemData*>(slot)->FreeArrays();
         slot = 0;
     }
     m_pTextPool->FreeAll();
+    m_pRecordPool->FreeAll();
+    m_pSlotPool->Reset(sizeof(CItemData::CTextSlot) * static_cast<size_t>(m_nCols));
 }
 
 void CGridList::OnDestroy()
@@ -341,8 +342,8 @@ BOOL CGridList::DeleteRow(int nRow, bool bNoRedraw)
     CItemData* pData = GetItemData(nRow, false);
     if (pData != NULL)
     {
-        pData->Free(*m_pTextPool, m_nCols);
-        delete pData;
+        pData->Free(*m_pTextPool, *m_pSlotPool, m_nCols);
+        m_pRecordPool->Free(pData);
     }
     m_arRows.erase(m_arRows.begin() + nRow);
     --m_nRows;
@@ -423,7 +424,10 @@ CGridList::CItemData* CGridList::GetItemData(int row, bool bCreate) const
         return NULL;
     DWORD_PTR& slot = const_cast<DWORD_PTR&>(m_arRows[static_cast<size_t>(row)]);
     if ((slot == 0 || slot == kNoRecord) && bCreate)
-        slot = reinterpret_cast<DWORD_PTR>(new (std::nothrow) CItemData);
+    {
+        void* pBlock = m_pRecordPool->Alloc();
+        slot = pBlock == NULL ? slot : reinterpret_cast<DWORD_PTR>(new (pBlock) CItemData);
+    }
     return slot == kNoRecord ? NULL : reinterpret_cast<CItemData*>(slot);
 }
 
@@ -444,9 +448,11 @@ DWORD_PTR CGridList::GetItemDataPtr(int row) const
 
 BOOL CGridList::SetText(int row, int col, LPCTSTR lpszText, bool bNoRedraw)
 {
-    CItemData::CTextSlot* pSlot = GetCellSlot(row, col, &CItemData::EnsureTexts);
-    if (pSlot == NULL)
+    CItemData* pData = IsValidCell(row, col) ? GetItemData(row, true) : NULL;
+    CItemData::CTextSlot* pSlots = pData == NULL ? NULL : pData->EnsureTexts(*m_pSlotPool, m_nCols);
+    if (pSlots == NULL)
         return FALSE;
+    CItemData::CTextSlot* pSlot = pSlots + col;
     size_t nLen = lpszText == NULL ? 0 : strlen(lpszText);
     if (nLen >= 65535)
         nLen = 0;

@@ -104,8 +104,8 @@ void CGridList::CBlockPool::Reset(size_t nBlockSize)
 UINT CGridList::CTextPool::ClassOf(UINT nSize)
 {
     if (nSize <= SMALL_LIMIT)
-        return (nSize + 3) / 4 - 1;
-    UINT nClass = SMALL_LIMIT / 4;
+        return nSize - 1;
+    UINT nClass = SMALL_LIMIT;
     for (UINT nClassSize = SMALL_LIMIT * 2; nClassSize < nSize; nClassSize *= 2)
         ++nClass;
     return nClass;
@@ -113,9 +113,9 @@ UINT CGridList::CTextPool::ClassOf(UINT nSize)
 
 UINT CGridList::CTextPool::ClassSize(UINT nClass)
 {
-    if (nClass < SMALL_LIMIT / 4)
-        return (nClass + 1) * 4;
-    return static_cast<UINT>(SMALL_LIMIT * 2) << (nClass - SMALL_LIMIT / 4);
+    if (nClass < SMALL_LIMIT)
+        return nClass + 1;
+    return static_cast<UINT>(SMALL_LIMIT * 2) << (nClass - SMALL_LIMIT);
 }
 
 namespace

@@ -123,9 +123,10 @@ private:
     {
         CHUNK_BITS = 20,
         CHUNK_SIZE = 1 << CHUNK_BITS,
-        // Sizes up to 64 bytes go by steps of 4, larger ones by powers of two up to 65536.
+        // Sizes up to 64 bytes are classes of their own, so that short texts take no more than
+        // their length and terminator; larger ones go by powers of two up to 65536.
         SMALL_LIMIT = 64,
-        CLASS_COUNT = SMALL_LIMIT / 4 + 10,
+        CLASS_COUNT = SMALL_LIMIT + 10,
     };
     static UINT ClassOf(UINT nSize);
     static UINT ClassSize(UINT nClass);

@@ -537,9 +537,11 @@ protected:
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
-    // The row count to the list view without drawing its scroll bar now.
-    void SetItemCountQuietly();
-    // The style messages, kept from the list view while SetItemCountQuietly hides it.
+    // Runs change(), a change of the list view's count or columns, without the list view
+    // drawing its scroll bars now.
+    template <class F>
+    void ChangeListQuietly(F change);
+    // The style messages, kept from the list view while ChangeListQuietly hides it.
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
     void CreateEditors();

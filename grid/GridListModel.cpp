@@ -176,20 +176,58 @@ void CGridList::CreateEditors()
     }
 }
 
+template <class F>
+void CGridList::ChangeListQuietly(F change)
+{
+    // The list view redraws its scroll bars at once whenever its count or columns change, which
+    // costs more than anything else an insert or delete does. While the window is marked
+    // invisible the scroll bars take their new ranges without drawing; the list view is kept
+    // from hearing of the style change, which would make it lay itself out and repaint afresh.
+    // The vertical bar is invalidated instead, when its thumb moved, and repaints with the next
+    // paint.
+    const LONG_PTR nStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE);
+    SCROLLBARINFO before, after;
+    before.cbSize = after.cbSize = sizeof(SCROLLBARINFO);
+    if ((nStyle & WS_VISIBLE) == 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before))
+    {
+        change();
+        return;
+    }
+    m_bQuietStyle = TRUE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nStyle & ~static_cast<LONG_PTR>(WS_VISIBLE));
+    change();
+    // The list view may have shown or hidden a scroll bar meanwhile.
+    const LONG_PTR nNewStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE) | WS_VISIBLE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nNewStyle);
+    m_bQuietStyle = FALSE;
+    if (((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) != 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after))
+        ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | RDW_FRAME); // the client area moved too
+    else if (after.xyThumbTop != before.xyThumbTop || after.xyThumbBottom != before.xyThumbBottom ||
+             after.rgstate[0] != before.rgstate[0])
+    {
+        CRect rcBar(after.rcScrollBar);
+        ScreenToClient(&rcBar);
+        ::RedrawWindow(m_hWnd, &rcBar, NULL, RDW_INVALIDATE | RDW_FRAME);
+    }
+}
+
 BOOL CGridList::InitRowsAndCols()
 {
     if (GetSafeHwnd() == NULL)
         return FALSE;
     FreeAllRows();
     m_arRows.assign(static_cast<size_t>(m_nRows), 0);
-    SetItemCountEx(0, 0);
-    while (DeleteColumn(0))
-        ;
-    for (int col = 0; col < m_nCols; ++col)
-        if (InsertColumn(col, "", LVCFMT_LEFT, 100) != col)
-            return FALSE;
-    SetItemCountEx(m_nRows, LVSICF_NOSCROLL);
-    if (GetItemCount() != m_nRows)
+    BOOL bBuilt = TRUE;
+    ChangeListQuietly([this, &bBuilt]() {
+        SetItemCountEx(0, 0);
+        while (DeleteColumn(0))
+            ;
+        for (int col = 0; col < m_nCols && bBuilt; ++col)
+            bBuilt = InsertColumn(col, "", LVCFMT_LEFT, 100) == col;
+        if (bBuilt)
+            SetItemCountEx(m_nRows, LVSICF_NOSCROLL);
+    });
+    if (!bBuilt || GetItemCount() != m_nRows)
         return FALSE;
     m_arColTextFormats.assign(static_cast<size_t>(m_nCols), -1);
     m_crText = ::GetSysColor(COLOR_WINDOWTEXT);
@@ -206,44 +244,11 @@ LRESULT CGridList::OnStyleChange(WPARAM, LPARAM)
     return m_bQuietStyle ? 0 : Default();
 }
 
-void CGridList::SetItemCountQuietly()
-{
-    // The list view redraws its scroll bar at once whenever its count changes, which costs more
-    // than anything else an insert or delete does. While the window is marked invisible the
-    // scroll bar takes the new range without drawing; the list view is kept from hearing of
-    // the style change, which would make it lay itself out and repaint afresh. The bar is
-    // invalidated instead, when its thumb moved, and repaints with the next paint.
-    const LONG_PTR nStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE);
-    SCROLLBARINFO before, after;
-    before.cbSize = after.cbSize = sizeof(SCROLLBARINFO);
-    if ((nStyle & WS_VISIBLE) == 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before))
-    {
-        SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
-        return;
-    }
-    m_bQuietStyle = TRUE;
-    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nStyle & ~static_cast<LONG_PTR>(WS_VISIBLE));
-    SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
-    // The list view may have shown or hidden a scroll bar meanwhile.
-    const LONG_PTR nNewStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE) | WS_VISIBLE;
-    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nNewStyle);
-    m_bQuietStyle = FALSE;
-    if (((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) != 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after))
-        ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | RDW_FRAME); // the client area moved too
-    else if (after.xyThumbTop != before.xyThumbTop || after.xyThumbBottom != before.xyThumbBottom ||
-             after.rgstate[0] != before.rgstate[0])
-    {
-        CRect rcBar(after.rcScrollBar);
-        ScreenToClient(&rcBar);
-        ::RedrawWindow(m_hWnd, &rcBar, NULL, RDW_INVALIDATE | RDW_FRAME);
-    }
-}
-
 void CGridList::UpdateItemCount(int nFromRow)
 {
     if (GetSafeHwnd() == NULL)
         return;
-    SetItemCountQuietly();
+    ChangeListQuietly([this]() { SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL); });
     if (!IsWindowVisible())
         return;
     // Only the visible rows from the changed one down show something else now.

@@ -7,17 +7,9 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
 
-bash scripts/install-deps.sh
 source scripts/xdisplay.sh
-
-echo "=== building KelGallery (win64)"
-mkdir -p build
-cmake --preset win64 >build/win64.configure.log 2>&1 || { cat build/win64.configure.log; exit 1; }
-cmake --build --preset win64 --target KelGallery
-
-export KEL_WINEPREFIX="$root/build/win64/wineprefix"
-export WINEPREFIX="$KEL_WINEPREFIX"
-scripts/wine-run.sh --init
+source scripts/win64-program.sh
+kel_build_win64_program KelGallery
 
 # Through sudo, root may still reach the user's display with the user's X cookie.
 if [ -z "${XAUTHORITY:-}" ] && [ -n "${SUDO_USER:-}" ]; then

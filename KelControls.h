@@ -13,5 +13,6 @@
 #include "frame/EditTip.h"
 #include "frame/EventList.h"
 #include "grid/GridList.h"
+#include "grid/GridHeader.h"
 #include "values/SpanFloppies.h"
 #endif

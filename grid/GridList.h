@@ -518,7 +518,7 @@ protected:
     template <class T>
     T GetCellValue(int row, int col, T* CItemData::*pArray, T none) const;
     // Sends a grid notification to the grid window's parent; 0 when there is none.
-    LRESULT SendGridNotify(NMHDR* pHdr, UINT nCode, size_t cbSize);
+    LRESULT SendGridNotify(NMHDR* pHdr, UINT nCode);
     // Clears the caret flag of the old caret, sets it on the new, notifies, takes an edit icon
     // from the reply, repaints both cells and sends GN_CELLCHANGE.
     void MoveCaret(const Cell& cell);
@@ -545,6 +545,8 @@ protected:
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
     void CreateEditors();
+    // Makes the list view measure its rows again (as m_nRowHeight).
+    void RemeasureRows();
 
     afx_msg void OnDestroy();
     DECLARE_MESSAGE_MAP()
@@ -613,6 +615,7 @@ protected:
     UINT m_nDrawAction;
     UINT m_nDrawState;
     std::vector<CScrollWnd> m_arScrollWnds;
+    int m_nMeasuredHeight = -1; // the row height the list view last measured, -1 before it did
     mutable std::vector<int> m_arColEdges; // empty until read again after a column change
     // The row DrawItem is painting (-1 outside it), its bounds, and whether the grid had the
     // focus then: read once per row rather than once per cell.

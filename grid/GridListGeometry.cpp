@@ -297,6 +297,12 @@ void CGridList::SetRowHeight(int nHeight)
     m_nRowHeight = nHeight;
     if (m_hWnd == NULL)
         return;
+    RemeasureRows();
+    UpdateClientSizeToGrid();
+}
+
+void CGridList::RemeasureRows()
+{
     // The list view measures its items again only when its size changes.
     CRect rcWindow;
     GetWindowRect(&rcWindow);
@@ -306,13 +312,14 @@ void CGridList::SetRowHeight(int nHeight)
     SetWindowPos(NULL, 0, 0, rcWindow.Width(), rcWindow.Height(), nFlags);
     m_bResizing = FALSE;
     Invalidate(FALSE);
-    UpdateClientSizeToGrid();
 }
 
 void CGridList::MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct)
 {
-    if (lpMeasureItemStruct != NULL)
-        lpMeasureItemStruct->itemHeight = static_cast<UINT>(m_nRowHeight);
+    if (lpMeasureItemStruct == NULL)
+        return;
+    lpMeasureItemStruct->itemHeight = static_cast<UINT>(m_nRowHeight);
+    m_nMeasuredHeight = m_nRowHeight;
 }
 
 BOOL CGridList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)

@@ -137,7 +137,10 @@ BOOL CGridList::SetFixedRowCol(int nRows, int nCols, int bFixedRow, int bFixedCo
 {
     if (nRows < 0 || nCols < 0 || (bFixedRow && nRows < 1) || (bFixedCol && nCols < 1) || GetSafeHwnd() == NULL)
         return FALSE;
+    // The control id is the one Create was given, not the default, whatever the rebuild resets.
+    UINT nID = m_nID;
     InitAllData();
+    m_nID = nID;
     m_nRows = nRows;
     m_nCols = nCols;
     m_bFixedRow = bFixedRow != 0;
@@ -147,6 +150,9 @@ BOOL CGridList::SetFixedRowCol(int nRows, int nCols, int bFixedRow, int bFixedCo
         return FALSE;
     CreateEditors();
     CListCtrl::SetBkColor(GetBkColor());
+    // The rebuild brought the default row height back: the list view must measure it.
+    if (m_nMeasuredHeight != -1 && m_nMeasuredHeight != m_nRowHeight)
+        RemeasureRows();
     return TRUE;
 }
 

@@ -8,14 +8,13 @@ const char CGridList::m_stszCCPMenuNames[3][7] = {"&Copy", "&Cut", "&Paste"};
 
 // ---- Notifications ----------------------------------------------------------------------------
 
-LRESULT CGridList::SendGridNotify(NMHDR* pHdr, UINT nCode, size_t cbSize)
+LRESULT CGridList::SendGridNotify(NMHDR* pHdr, UINT nCode)
 {
     HWND hGrid = GetSafeHwnd() == NULL ? NULL : ::GetParent(m_hWnd);
     HWND hTarget = hGrid == NULL ? NULL : ::GetParent(hGrid);
     if (hTarget == NULL)
         return 0;
     memset(pHdr, 0, sizeof(NMHDR));
-    (void)cbSize;
     pHdr->hwndFrom = hGrid;
     pHdr->idFrom = static_cast<UINT_PTR>(::GetDlgCtrlID(hGrid));
     pHdr->code = nCode;
@@ -29,7 +28,7 @@ LRESULT CGridList::Send_GN_CCPMENU(int& nCopy, int& nCut, int& nPaste)
     nm.nCopy = nCopy;
     nm.nCut = nCut;
     nm.nPaste = nPaste;
-    lResult = SendGridNotify(&nm.hdr, GN_CCPMENU, sizeof(nm));
+    lResult = SendGridNotify(&nm.hdr, GN_CCPMENU);
     if (lResult != 0)
     {
         nCopy = nm.nCopy;
@@ -44,7 +43,7 @@ LRESULT CGridList::Send_GN_CCP(int nAction, const Cell& source)
     NMGRIDCCP nm;
     nm.nAction = nAction;
     nm.source = source;
-    return SendGridNotify(&nm.hdr, GN_CCP, sizeof(nm));
+    return SendGridNotify(&nm.hdr, GN_CCP);
 }
 
 LRESULT CGridList::SendCaretChangeNotification(const Cell& oldCell, const Cell& newCell)
@@ -55,7 +54,7 @@ LRESULT CGridList::SendCaretChangeNotification(const Cell& oldCell, const Cell& 
     nm.dwEditIconType = 0xFFFFFFFF;
     nm.nEditIcon = -1;
     nm.dwEditIconFlag = 0;
-    LRESULT lResult = SendGridNotify(&nm.hdr, GN_CARETCHANGE, sizeof(nm));
+    LRESULT lResult = SendGridNotify(&nm.hdr, GN_CARETCHANGE);
     if (lResult == 0 || (m_dwEditIconStyle & EIS_ONFOCUS) == 0)
         return lResult;
     // The host offers the new caret cell an edit icon.
@@ -76,7 +75,7 @@ LRESULT CGridList::SendGridCellChangeNotification()
 {
     NMGRIDCELL nm;
     nm.cell = m_CaretCell;
-    return SendGridNotify(&nm.hdr, GN_CELLCHANGE, sizeof(nm));
+    return SendGridNotify(&nm.hdr, GN_CELLCHANGE);
 }
 
 LRESULT CGridList::SendItemActivateNotification(UINT nCode, int row, int col, CPoint point)
@@ -91,7 +90,7 @@ LRESULT CGridList::SendItemActivateNotification(UINT nCode, int row, int col, CP
     nm.ptAction = point;
     nm.uKeyFlags = (::GetKeyState(VK_MENU) < 0 ? LVKF_ALT : 0) | (::GetKeyState(VK_CONTROL) < 0 ? LVKF_CONTROL : 0) |
                    (::GetKeyState(VK_SHIFT) < 0 ? LVKF_SHIFT : 0);
-    return SendGridNotify(&nm.hdr, nCode, sizeof(nm));
+    return SendGridNotify(&nm.hdr, nCode);
 }
 
 // ---- Cell states ------------------------------------------------------------------------------

@@ -1,5 +1,5 @@
 // Painting of the grid, read back from the window's pixels.
-#include "tests/grid/GridWindowFixture.h"
+#include "tests/grid/GridHost.h"
 
 #include <string.h>
 
@@ -96,7 +96,7 @@ TEST_F(CGridWindowTest, SelectionIsHighlightedGrayedOrBlended)
         SCOPED_TRACE(testing::Message() << c.bTransparent << " " << c.nLastCol << " " << c.bFocused);
         m_grid.SetTransperantSelection(c.bTransparent);
         m_grid.SetCurSel(1, 1, 1, c.nLastCol);
-        ::SetFocus(c.bFocused ? m_grid.GetSafeHwnd() : m_gridWnd.GetSafeHwnd());
+        ::SetFocus(c.bFocused ? m_grid.GetSafeHwnd() : m_host.m_wndGrid.GetSafeHwnd());
         m_grid.Invalidate();
         EXPECT_EQ(c.cr, Capture().GetPixel(60, 30));
     }
@@ -204,32 +204,35 @@ TEST_F(CGridWindowTest, CellTextIsDrawnAsDrawTextDrawsIt)
 }
 
 // Inserts and deletes leave the scroll bar to the next paint: it must then show what a fresh
-// paint of the whole frame shows, also where the bar appears or goes.
+// paint of the whole frame shows, also where the bar appears or goes. The grid window's capture
+// holds the list's frame.
 TEST_F(CGridWindowTest, TheScrollBarFollowsInsertsAndDeletes)
 {
     CreateGrid(3, 2, 60, 16, CSize(200, 120));
+    CWindowImage& image = m_host.m_image;
+    const CRect rcGrid(0, 0, 200, 120);
     const struct
     {
         int nInserts, nDeletes;
     } steps[] = {{10, 0}, {40, 0}, {0, 50}};
     for (const auto& step : steps)
     {
-        m_image.Capture(m_host);
+        image.Capture(m_host.m_wndGrid);
         for (int i = 0; i < step.nInserts; ++i)
             m_grid.InsertRow(0, true);
         for (int i = 0; i < step.nDeletes; ++i)
             m_grid.DeleteRow(0, true);
-        ASSERT_TRUE(m_image.Capture(m_host));
+        ASSERT_TRUE(image.Capture(m_host.m_wndGrid));
         std::vector<COLORREF> after;
-        for (int y = 0; y < 120; ++y)
-            for (int x = 0; x < 200; ++x)
-                after.push_back(m_image.GetPixel(x, y));
+        for (int y = rcGrid.top; y < rcGrid.bottom; ++y)
+            for (int x = rcGrid.left; x < rcGrid.right; ++x)
+                after.push_back(image.GetPixel(x, y));
         m_grid.RedrawWindow(NULL, NULL, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
-        ASSERT_TRUE(m_image.Capture(m_host));
+        ASSERT_TRUE(image.Capture(m_host.m_wndGrid));
         int nDiffering = 0;
-        for (int y = 0; y < 120; ++y)
-            for (int x = 0; x < 200; ++x)
-                nDiffering += after[static_cast<size_t>(y * 200 + x)] != m_image.GetPixel(x, y);
+        for (int y = rcGrid.top; y < rcGrid.bottom; ++y)
+            for (int x = rcGrid.left; x < rcGrid.right; ++x)
+                nDiffering += after[static_cast<size_t>(y * rcGrid.Width() + x)] != image.GetPixel(x, y);
         EXPECT_EQ(0, nDiffering) << step.nInserts << " inserted, " << step.nDeletes << " deleted";
     }
 }

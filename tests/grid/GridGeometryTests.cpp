@@ -1,5 +1,5 @@
 // Where the grid's cells lie, which rows show, the size it fits to, and its scroll partners.
-#include "tests/grid/GridWindowFixture.h"
+#include "tests/grid/GridHost.h"
 
 TEST_F(CGridWindowTest, CellRectanglesFollowTheColumnsAndTheRowHeightThroughScrolling)
 {
@@ -27,6 +27,12 @@ TEST_F(CGridWindowTest, CellRectanglesFollowTheColumnsAndTheRowHeightThroughScro
     EXPECT_EQ(CSize(5 * 70 + 33, 50 * 25), m_grid.GetGridSize());
     EXPECT_EQ(1, m_grid.GetFirstVisibleCol());
     EXPECT_EQ(4, m_grid.GetLastVisibleCol()); // column 4 starts 3 pixels before the client's right edge
+
+    // A rebuilt grid has the default row height, and its rows are measured again.
+    ASSERT_TRUE(m_grid.SetFixedRowCol(5, 2, 0, 0));
+    CRect rcRow;
+    ASSERT_TRUE(m_grid.GetCellRect(1, 0, rcRow));
+    EXPECT_EQ(m_grid.GetRowHeight(), rcRow.Height());
 }
 
 TEST_F(CGridWindowTest, LastVisibleRowCountsWholeRowsFromTheScrollPosition)

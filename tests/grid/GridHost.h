@@ -1,8 +1,11 @@
-// A grid as a host has it: the recorder window as the host, a plain child as the grid window,
-// and the CGridList inside it, whose notifications reach the recorder naming the grid window.
+// A grid as a host has it: the recorder window is the host, a plain child stands for the grid
+// window (it reflects WM_MEASUREITEM and WM_DRAWITEM back to the grid, as every CWnd does), and
+// the CGridList sits at the grid window's top-left corner. Notifications reach the recorder
+// naming the grid window; the grid's own codes are recorded with their whole payloads.
 #pragma once
 
 #include "KelControls.h"
+#include "capture/WindowImage.h"
 #include "tests/harness/NotifyRecorder.h"
 
 #include <gtest/gtest.h>
@@ -16,22 +19,41 @@ public:
     enum
     {
         GRID_WINDOW_ID = 77,
-        LIST_ID = 1001,
+        LIST_ID = 1009, // not the grid's default id, so that a test sees which one it keeps
     };
 
-    // A hidden host unless bVisible; rows 16 pixels high as the list view measures them.
-    bool Create(int nRows, int nCols, int bFixedRow, int bFixedCol, bool bVisible = false)
+    // The host and the grid window filling it; hidden unless bVisible.
+    bool CreateHost(int cx, int cy, bool bVisible)
     {
-        if (!m_parent.Create(400, 300, bVisible))
+        if (!m_parent.Create(cx, cy, bVisible))
             return false;
         m_parent.SetPayloadSize(GN_CCPMENU, sizeof(NMGRIDCCPMENU));
         m_parent.SetPayloadSize(GN_CARETCHANGE, sizeof(NMGRIDCARETCHANGE));
         m_parent.SetPayloadSize(GN_CCP, sizeof(NMGRIDCCP));
         m_parent.SetPayloadSize(GN_CELLCHANGE, sizeof(NMGRIDCELL));
-        if (!m_wndGrid.Create("STATIC", "", WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 300),
-                              CWnd::FromHandle(m_parent.GetSafeHwnd()), GRID_WINDOW_ID))
-            return false;
-        return m_grid.Create(nRows, nCols, bFixedRow, bFixedCol, CRect(0, 0, 400, 300), &m_wndGrid, LIST_ID) != FALSE;
+        return m_wndGrid.Create("STATIC", "", WS_CHILD | WS_VISIBLE, CRect(0, 0, cx, cy),
+                                CWnd::FromHandle(m_parent.GetSafeHwnd()), GRID_WINDOW_ID) != FALSE;
+    }
+
+    // The grid, of the given window size; the result of its Create.
+    bool CreateGrid(int nRows, int nCols, int bFixedRow, int bFixedCol, const CSize& size)
+    {
+        return m_grid.Create(nRows, nCols, bFixedRow, bFixedCol, CRect(CPoint(0, 0), size), &m_wndGrid, LIST_ID) !=
+               FALSE;
+    }
+
+    // A 400 by 300 host holding a grid of its size; rows 16 pixels high as the list view measures them.
+    bool Create(int nRows, int nCols, int bFixedRow, int bFixedCol, bool bVisible = false)
+    {
+        return CreateHost(400, 300, bVisible) && CreateGrid(nRows, nCols, bFixedRow, bFixedCol, CSize(400, 300));
+    }
+
+    // What the grid shows once its painting is done, until the next capture.
+    const CWindowImage& Capture()
+    {
+        m_grid.UpdateWindow();
+        EXPECT_TRUE(m_image.Capture(m_grid));
+        return m_image;
     }
 
     // Sets the texts of a column from the first data row down.
@@ -49,15 +71,6 @@ public:
         return texts;
     }
 
-    // The notification codes received, in order.
-    std::vector<UINT> Codes() const
-    {
-        std::vector<UINT> codes;
-        for (const CNotifyRecorder::CNotify& notify : m_parent.GetNotifies())
-            codes.push_back(notify.m_uCode);
-        return codes;
-    }
-
     // Cells whose state has all the bits of dwFlags.
     std::vector<Cell> Flagged(DWORD dwFlags)
     {
@@ -72,4 +85,26 @@ public:
     CNotifyRecorder m_parent;
     CWnd m_wndGrid;
     CGridList m_grid;
+    CWindowImage m_image;
+};
+
+// Tests of the grid's pixels and geometry: a shown host of 320 by 240, the grid made by the test.
+class CGridWindowTest : public ::testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(m_host.CreateHost(320, 240, true)); }
+
+    // nColWidth and nRowHeight in pixels.
+    void CreateGrid(int nRows, int nCols, int nColWidth, int nRowHeight, const CSize& size = CSize(320, 240),
+                    int bFixedRow = 0, int bFixedCol = 0)
+    {
+        ASSERT_TRUE(m_host.CreateGrid(nRows, nCols, bFixedRow, bFixedCol, size));
+        m_grid.SetAllColsToWidth(nColWidth);
+        m_grid.SetRowHeight(nRowHeight);
+    }
+
+    const CWindowImage& Capture() { return m_host.Capture(); }
+
+    CGridHost m_host;
+    CGridList& m_grid = m_host.m_grid;
 };

@@ -13,17 +13,15 @@ TEST(GridModelTest, CreateRefusesImpossibleShapesAndBuildsTheRest)
     for (const auto& c : cases)
     {
         CGridHost host;
-        ASSERT_TRUE(host.m_parent.Create(100, 100));
-        ASSERT_TRUE(host.m_wndGrid.Create("STATIC", "", WS_CHILD, CRect(0, 0, 100, 100),
-                                          CWnd::FromHandle(host.m_parent.GetSafeHwnd()), 5));
+        ASSERT_TRUE(host.CreateHost(100, 100, false));
         SCOPED_TRACE(testing::Message() << c.nRows << "x" << c.nCols << " fixed " << c.bFixedRow << c.bFixedCol);
-        EXPECT_EQ(c.bOk, host.m_grid.Create(c.nRows, c.nCols, c.bFixedRow, c.bFixedCol, CRect(0, 0, 100, 100),
-                                            &host.m_wndGrid, 9));
+        EXPECT_EQ(c.bOk, host.CreateGrid(c.nRows, c.nCols, c.bFixedRow, c.bFixedCol, CSize(100, 100)));
         if (!c.bOk)
             continue;
         EXPECT_EQ(c.nRows, host.m_grid.GetItemCount());
         EXPECT_EQ(c.nCols, host.m_grid.GetHeaderCtrl()->GetItemCount());
-        EXPECT_EQ(9, host.m_grid.GetDlgCtrlID());
+        EXPECT_EQ(int(CGridHost::LIST_ID), host.m_grid.GetDlgCtrlID());
+        EXPECT_EQ(UINT(CGridHost::LIST_ID), host.m_grid.GetID());
         EXPECT_TRUE((host.m_grid.CWnd::GetStyle() & LVS_OWNERDATA) != 0);
     }
 }

@@ -1,5 +1,6 @@
 #include "tests/grid/GridHost.h"
 #include "tests/harness/ImportRecorder.h"
+#include "tests/harness/MessageSequence.h"
 
 namespace
 {
@@ -48,12 +49,23 @@ protected:
     {
         ASSERT_TRUE(m_host.Create(6, 4, 1, 1));
         m_host.m_parent.Clear();
+        m_sequence.Watch(m_host.m_parent, "host");
     }
 
     const NMGRIDCCP* LastCCP() { return m_host.m_parent.GetLast<NMGRIDCCP>(GN_CCP); }
 
+    // The grid's notifications the host heard since the last check, in order, against codes.
+    ::testing::AssertionResult Heard(std::vector<UINT> codes)
+    {
+        std::vector<CMessageSequence::CMessage> expected;
+        for (UINT nCode : codes)
+            expected.push_back({"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, nCode});
+        return m_sequence.Check(expected.data(), expected.size());
+    }
+
     CGridHost m_host;
     CGridList& m_grid = m_host.m_grid;
+    CMessageSequence m_sequence;
 };
 
 TEST_F(CGridSelectionTest, TheCaretMovesWithACaretChangeThenACellChange)
@@ -68,12 +80,11 @@ TEST_F(CGridSelectionTest, TheCaretMovesWithACaretChangeThenACellChange)
         pCaret->dwEditIconFlag = 1;
         return 1;
     });
+    m_sequence.Clear();
     m_grid.RemoveAllSelectedNAddCell(Cell(3, 1));
 
-    EXPECT_EQ((std::vector<UINT>{GN_CARETCHANGE, GN_CELLCHANGE}), m_host.Codes());
-    const CNotifyRecorder::CNotify& first = m_host.m_parent.GetNotifies()[0];
-    EXPECT_EQ(m_host.m_wndGrid.GetSafeHwnd(), first.m_hWndFrom);
-    EXPECT_EQ(UINT_PTR(CGridHost::GRID_WINDOW_ID), first.m_idFrom);
+    EXPECT_TRUE(Heard({GN_CARETCHANGE, GN_CELLCHANGE}));
+    EXPECT_EQ(m_host.m_wndGrid.GetSafeHwnd(), m_host.m_parent.GetNotifies().at(0).m_hWndFrom);
     const NMGRIDCARETCHANGE* pCaret = m_host.m_parent.GetLast<NMGRIDCARETCHANGE>(GN_CARETCHANGE);
     ASSERT_NE(nullptr, pCaret);
     EXPECT_EQ(Cell(2, 2), pCaret->oldCell);
@@ -90,6 +101,8 @@ TEST_F(CGridSelectionTest, TheCaretMovesWithACaretChangeThenACellChange)
         return 1;
     });
     m_grid.SetCurCaret(4, 3);
+    EXPECT_TRUE(Heard({GN_CARETCHANGE, GN_CELLCHANGE}));
+    EXPECT_EQ(Cell(4, 3), m_host.m_parent.GetLast<NMGRIDCELL>(GN_CELLCHANGE)->cell);
     EXPECT_EQ(Cell(), m_grid.GetEditIconCell());
     EXPECT_EQ(1, m_grid.GetSelectedCount()); // Ctrl-style caret move: the selection stays
 }
@@ -128,43 +141,56 @@ TEST_F(CGridSelectionTest, SelectionModesShapeWhatAClickAndADragSelect)
 
 TEST_F(CGridSelectionTest, CopyCutAndPasteFollowTheHostsAnswers)
 {
-    m_host.m_parent.SetReply(GN_CCP, 1);
+    typedef BOOL (CGridList::*PFNCCP)();
+    const PFNCCP pfnCopy = &CGridList::OnGCCP_Copy, pfnCut = &CGridList::OnGCCP_Cut, pfnPaste = &CGridList::OnGCCP_Paste;
+    const struct
+    {
+        const char* pszStep;
+        Cell select; // selected (and the caret) first, unless none
+        PFNCCP pfn;
+        LRESULT lReply; // the host's answer to GN_CCP
+        BOOL bResult;
+        int nAction; // of the one GN_CCP sent, 0 for none
+        int nState;
+        int nCells; // marked by the pending copy or cut
+        Cell source;
+    } steps[] = {
+        {"cut", Cell(), pfnCut, 1, TRUE, 2, 2, 4, Cell(1, 1)},
+        // A rejected copy leaves the cut pending, marks and source as they were.
+        {"rejected copy", Cell(3, 3), pfnCopy, 0, FALSE, 1, 2, 4, Cell(1, 1)},
+        {"paste of the cut", Cell(), pfnPaste, 1, TRUE, 6, -1, 0, Cell()},
+        {"second paste", Cell(), pfnPaste, 1, FALSE, 0, -1, 0, Cell()}, // not even offered
+        {"copy", Cell(), pfnCopy, 1, TRUE, 1, 1, 1, Cell(3, 3)},
+        {"paste of the copy", Cell(), pfnPaste, 1, TRUE, 5, 1, 1, Cell(3, 3)},
+        {"rejected paste", Cell(), pfnPaste, 0, FALSE, 5, 1, 1, Cell(3, 3)},
+        {"paste of the copy again", Cell(), pfnPaste, 1, TRUE, 5, 1, 1, Cell(3, 3)},
+    };
     m_grid.SetCurSel(1, 1, 2, 2);
-    ASSERT_TRUE(m_grid.OnGCCP_Cut());
-    EXPECT_EQ(2, LastCCP()->nAction);
-    EXPECT_EQ(Cell(1, 1), LastCCP()->source);
-    EXPECT_EQ(4u, m_host.Flagged(CGridList::CS_CUT).size());
-    EXPECT_EQ((std::vector<Cell>{Cell(1, 1)}), m_host.Flagged(CGridList::CS_CCPINDEX));
-
-    // A copy the host rejects leaves the cut pending, marks and source as they were.
-    m_host.m_parent.SetReply(GN_CCP, 0);
-    m_grid.SetCurSel(3, 3, false);
-    EXPECT_FALSE(m_grid.OnGCCP_Copy());
-    EXPECT_EQ(1, LastCCP()->nAction);
-    EXPECT_EQ(2, m_grid.GetCCPState());
-    EXPECT_EQ(4, m_grid.GetCCPArraySize());
-    EXPECT_EQ(4u, m_host.Flagged(CGridList::CS_CUT).size());
-    EXPECT_EQ((std::vector<Cell>{Cell(1, 1)}), m_host.Flagged(CGridList::CS_CCPINDEX));
-
-    // The accepted paste of a cut ends it; a second paste is not offered.
-    m_host.m_parent.SetReply(GN_CCP, 1);
-    EXPECT_TRUE(m_grid.OnGCCP_Paste());
-    EXPECT_EQ(6, LastCCP()->nAction);
-    EXPECT_EQ(-1, m_grid.GetCCPState());
-    EXPECT_TRUE(m_host.Flagged(CGridList::CS_CUT).empty());
-    EXPECT_TRUE(m_host.Flagged(CGridList::CS_CCPINDEX).empty());
-    int nSent = m_host.m_parent.GetCount(GN_CCP);
-    EXPECT_FALSE(m_grid.OnGCCP_Paste());
-    EXPECT_EQ(nSent, m_host.m_parent.GetCount(GN_CCP));
-
-    // A copy marks no cells and may be pasted again and again.
-    ASSERT_TRUE(m_grid.OnGCCP_Copy());
-    EXPECT_TRUE(m_host.Flagged(CGridList::CS_CUT).empty());
-    EXPECT_FALSE(m_grid.SetCellState(Cell(3, 3), CGridList::CSC_CUT));
-    EXPECT_TRUE(m_grid.OnGCCP_Paste());
-    EXPECT_TRUE(m_grid.OnGCCP_Paste());
-    EXPECT_EQ(5, LastCCP()->nAction);
-    EXPECT_EQ(1, m_grid.GetCCPState());
+    for (const auto& step : steps)
+    {
+        SCOPED_TRACE(step.pszStep);
+        if (step.select != Cell())
+            m_grid.SetCurSel(step.select.row, step.select.col, false);
+        m_host.m_parent.SetReply(GN_CCP, step.lReply);
+        m_host.m_parent.Clear();
+        m_sequence.Clear();
+        EXPECT_EQ(step.bResult, (m_grid.*step.pfn)());
+        EXPECT_TRUE(Heard(step.nAction != 0 ? std::vector<UINT>{GN_CCP} : std::vector<UINT>{}));
+        if (step.nAction != 0)
+        {
+            ASSERT_NE(nullptr, LastCCP());
+            EXPECT_EQ(step.nAction, LastCCP()->nAction);
+        }
+        EXPECT_EQ(step.nState, m_grid.GetCCPState());
+        EXPECT_EQ(step.nCells, m_grid.GetCCPArraySize());
+        EXPECT_EQ(step.nState == 2 ? step.nCells : 0, static_cast<int>(m_host.Flagged(CGridList::CS_CUT).size()));
+        Cell source;
+        m_grid.GetCCPCellIndex(source);
+        EXPECT_EQ(step.source, source);
+        EXPECT_EQ(step.source == Cell() ? std::vector<Cell>{} : std::vector<Cell>{step.source},
+                  m_host.Flagged(CGridList::CS_CCPINDEX));
+    }
+    EXPECT_FALSE(m_grid.SetCellState(Cell(3, 3), CGridList::CSC_CUT)); // a copy marks no cells
 }
 
 class CGridMenuTest : public CGridSelectionTest
@@ -177,6 +203,7 @@ protected:
         m_grid.EnableCCP(true);
         m_grid.SetCurSel(2, 2, false);
         m_host.m_parent.SetReply(GN_CCP, 1);
+        m_sequence.Clear();
     }
     void TearDown() override { CImportRecorder::Get().Uninstall(); }
 
@@ -219,13 +246,16 @@ TEST_F(CGridMenuTest, TheMenuOffersWhatTheHostAllows)
             return 1;
         });
         m_host.m_parent.Clear();
+        m_sequence.Clear();
         ASSERT_TRUE(m_grid.PrepareCCPMenu(Cell(2, 2)));
+        EXPECT_TRUE(Heard({GN_CCPMENU}));
         const NMGRIDCCPMENU* pSent = m_host.m_parent.GetLast<NMGRIDCCPMENU>(GN_CCPMENU);
         ASSERT_NE(nullptr, pSent);
         EXPECT_EQ(1, pSent->nCopy);
         EXPECT_EQ(1, pSent->nCut);
         EXPECT_EQ(c.bPending ? 1 : 0, pSent->nPaste);
         ASSERT_TRUE(m_grid.TrackCCPMenu(CPoint(1, 1)));
+        EXPECT_TRUE(Heard({})); // the menu closed without a command
         ASSERT_EQ(1u, Menus().size());
         const std::vector<CImportRecorder::CMenuItem>& items = Menus()[0].m_items;
         ASSERT_EQ(4u, items.size());
@@ -250,6 +280,7 @@ TEST_F(CGridMenuTest, AllItemsGrayedShowsNoMenuAndAChosenCommandRuns)
     EXPECT_FALSE(m_grid.PrepareCCPMenu(Cell(2, 2)));
     EXPECT_FALSE(m_grid.TrackCCPMenu(CPoint(1, 1)));
     EXPECT_TRUE(Menus().empty());
+    EXPECT_TRUE(Heard({GN_CCPMENU}));
 
     m_host.m_parent.SetHandler(GN_CCPMENU, [](NMHDR*) -> LRESULT { return 0; });
     CImportRecorder::Get().PushMenuCommand(CGridList::ID_GCCP_CUT);
@@ -262,6 +293,7 @@ TEST_F(CGridMenuTest, AllItemsGrayedShowsNoMenuAndAChosenCommandRuns)
     m_grid.ClientToScreen(&ptExpected);
     EXPECT_EQ(ptExpected.x, Menus()[0].m_x);
     EXPECT_EQ(ptExpected.y, Menus()[0].m_y);
+    EXPECT_TRUE(Heard({GN_CCPMENU, GN_CCP}));
     EXPECT_EQ(2, m_grid.GetCCPState());
     EXPECT_EQ(2, LastCCP()->nAction);
 }

@@ -504,14 +504,19 @@ DWORD CGridList::GetItemData(int row, int col) const
     return GetCellValue(row, col, &CItemData::m_pItemData, DWORD(0xFFFFFFFF));
 }
 
-BOOL CGridList::SetItemTextColor(int row, int col, COLORREF cr)
+BOOL CGridList::SetCellColor(int row, int col, COLORREF* (CItemData::*pfnEnsure)(int), COLORREF cr)
 {
-    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, &CItemData::EnsureTextColors);
+    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, pfnEnsure);
     if (pValue == NULL)
         return FALSE;
     *pValue = cr;
     RefreshCell(row, col);
     return TRUE;
+}
+
+BOOL CGridList::SetItemTextColor(int row, int col, COLORREF cr)
+{
+    return SetCellColor(row, col, &CItemData::EnsureTextColors, cr);
 }
 
 COLORREF CGridList::GetItemTextColor(int row, int col) const
@@ -521,12 +526,7 @@ COLORREF CGridList::GetItemTextColor(int row, int col) const
 
 BOOL CGridList::SetItemTextBkColor(int row, int col, COLORREF cr)
 {
-    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, &CItemData::EnsureTextBkColors);
-    if (pValue == NULL)
-        return FALSE;
-    *pValue = cr;
-    RefreshCell(row, col);
-    return TRUE;
+    return SetCellColor(row, col, &CItemData::EnsureTextBkColors, cr);
 }
 
 COLORREF CGridList::GetItemTextBkColor(int row, int col) const
@@ -536,12 +536,7 @@ COLORREF CGridList::GetItemTextBkColor(int row, int col) const
 
 BOOL CGridList::SetItemBkColor(int row, int col, COLORREF cr)
 {
-    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, &CItemData::EnsureBkColors);
-    if (pValue == NULL)
-        return FALSE;
-    *pValue = cr;
-    RefreshCell(row, col);
-    return TRUE;
+    return SetCellColor(row, col, &CItemData::EnsureBkColors, cr);
 }
 
 COLORREF CGridList::GetItemBkColor(int row, int col) const

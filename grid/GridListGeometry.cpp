@@ -391,6 +391,10 @@ BOOL CGridList::SendScrollMsg(int nBar, UINT nSBCode, UINT nPos)
 
 void CGridList::OnScrollRequest(int nBar, UINT nSBCode, UINT nPos)
 {
+    // An editor does not move with the cells: it closes first, and one the host keeps open
+    // holds the grid still.
+    if (!ProcessCustomEditKillFocus(NULL, 1))
+        return;
     // The focus rectangle would be carried along by the scrolled pixels: it stays off until the
     // scrolling ends.
     if (nSBCode != SB_ENDSCROLL && (m_nDrawState & ODS_FOCUS) != 0)

@@ -273,7 +273,8 @@ BOOL CGridFrame::SortOnColumn(int col, bool bAddKey)
 {
     CGridHeader* pHeader = GetGridHeader();
     const short nDefault = pHeader->GetDefaultSortType(col);
-    if (nDefault < 0)
+    // A grid with row headers is never sorted: its header shows no sort either.
+    if (nDefault < 0 || GetGridList()->IsFixedCol())
         return FALSE;
     CArray<int, int> cols;
     CArray<short, short> types;

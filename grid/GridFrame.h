@@ -71,7 +71,8 @@ public:
     // becomes the only key: ascending in its sort class, or the other direction when it already
     // was the only key. With bAddKey (Ctrl held) the column joins the keys as the last one, or
     // flips its direction when it is one; the header then shows priorities 1, 2, 3... Then the
-    // list is sorted by the header's keys. FALSE for a bad column.
+    // list is sorted by the header's keys. FALSE for a bad column or a list with a fixed column,
+    // which is never sorted.
     BOOL SortOnColumn(int col, bool bAddKey);
     // Sorts the list by the header's sort state (nothing when it has no keys).
     void SortByHeader();

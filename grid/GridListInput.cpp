@@ -383,14 +383,21 @@ BOOL CGridList::OnMouseWheel(UINT, short zDelta, CPoint)
     SCROLLINFO si;
     si.cbSize = sizeof(si);
     si.fMask = SIF_ALL;
-    if (!GetScrollInfo(SB_VERT, &si))
+    CRect rcTop;
+    const int nTop = GetTopIndex();
+    if (!GetScrollInfo(SB_VERT, &si) || !GetItemRect(nTop, &rcTop, LVIR_BOUNDS))
         return FALSE;
     const int nPage = static_cast<int>(si.nPage);
     const int nRows = GetWheelScrollRows(zDelta / WHEEL_DELTA, GetNumScrollLines(), nPage);
-    const int nMax = std::max(0, si.nMax - nPage + 1);
-    const int nPos = std::max(0, std::min(si.nPos - nRows, nMax));
-    SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, nPos), 0);
-    SendMessage(WM_VSCROLL, MAKEWPARAM(SB_ENDSCROLL, 0), 0);
+    const int nPos = std::max(0, std::min(nTop - nRows, std::max(0, si.nMax - nPage + 1)));
+    if (nPos == nTop)
+        return TRUE;
+    // The list view takes a thumb position from its own scroll bar, not from the message (whose
+    // 16 bits would not reach past row 65535 either): the grid scrolls itself and tells its
+    // partners the new position as a thumb-position request.
+    Scroll(CSize(0, (nPos - nTop) * rcTop.Height()));
+    SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
+    SendScrollMsg(1, SB_ENDSCROLL, 0);
     return TRUE;
 }
 

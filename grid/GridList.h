@@ -629,6 +629,8 @@ protected:
     // Starts editing the caret cell for the trigger when its style is an editor; 0 when it started.
     int BeginTriggerEdit(DWORD dwTrigger, UINT nChar);
     void KillClickEditTimer();
+    // The platform's simple beep: a refused key, a type-ahead that found nothing.
+    static void SimpleBeep();
     // The drag selection's step towards a client point, scrolling when it lies past an edge.
     void DragSelectTo(CPoint point);
     void StopDragTimer();

@@ -273,6 +273,7 @@ TEST_F(CGridInputTest, TheFindDialogSearchesRowsColumnsAndCellsAndSaysWhenNothin
     CGridFind* pDlg = grid.GetFindDlg();
     ASSERT_NE(nullptr, pDlg);
     const HWND hDlg = pDlg->GetSafeHwnd();
+    EXPECT_TRUE(::IsWindowVisible(hDlg));
     EXPECT_EQ("Find", CInput::GetText(hDlg));
     EXPECT_TRUE(::IsDlgButtonChecked(hDlg, IDC_GRIDFIND_FULLROW));
     const HWND hColumns = ::GetDlgItem(hDlg, IDC_GRIDFIND_COLUMNS);

@@ -1,27 +1,35 @@
 #include "bench/GridWorkload.h"
 
+#include <cstring>
+
 namespace
 {
-const char* const s_apszWords[16] = {"red",   "green",  "blue",  "cyan", "magenta", "yellow", "black", "white",
-                                     "orange", "purple", "brown", "pink", "gray",    "olive",  "navy",  "teal"};
+// Each word zero-padded to 8 bytes, so that it is copied in one go, with its length.
+const struct CWord
+{
+    char sz[8];
+    int nLen;
+} s_aWords[16] = {{"red", 3},    {"green", 5},  {"blue", 4},  {"cyan", 4},  {"magenta", 7}, {"yellow", 6},
+                  {"black", 5},  {"white", 5},  {"orange", 6}, {"purple", 6}, {"brown", 5},   {"pink", 4},
+                  {"gray", 4},   {"olive", 5},  {"navy", 4},  {"teal", 4}};
 // Multipliers of the word columns 5 to 9.
 const int s_anWordFactor[5] = {3, 5, 7, 11, 13};
 // Days before the first of each month in a common year.
 const uint32_t s_anMonthStart[12] = {0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
 
-// Decimal digits of n, no padding; returns the end.
+// Decimal digits of n, no padding; returns the end. The digits are written from the last.
 char* PutUnsigned(char* p, uint32_t n)
 {
-    char aDigits[10];
-    int nCount = 0;
+    int nDigits = 1;
+    for (uint64_t nLimit = 10; nDigits < 10 && n >= nLimit; nLimit *= 10)
+        ++nDigits;
+    char* pEnd = p + nDigits;
     do
     {
-        aDigits[nCount++] = static_cast<char>('0' + n % 10);
+        *--pEnd = static_cast<char>('0' + n % 10);
         n /= 10;
     } while (n != 0);
-    while (nCount > 0)
-        *p++ = aDigits[--nCount];
-    return p;
+    return p + nDigits;
 }
 
 char* PutTwoDigits(char* p, uint32_t n)
@@ -47,10 +55,12 @@ char* PutDate(char* p, uint32_t nDays)
         nDayOfYear = (nRest - 366) % 365;
         bLeap = false;
     }
-    int nMonth = 11;
     auto monthStart = [bLeap](int nIndex) { return s_anMonthStart[nIndex] + (bLeap && nIndex >= 2 ? 1 : 0); };
-    while (nDayOfYear < monthStart(nMonth))
-        --nMonth;
+    // No month is longer than 32 days, so the month is at least the day of the year / 32, and a
+    // step or two up finds it.
+    int nMonth = static_cast<int>(nDayOfYear / 32);
+    while (nMonth < 11 && nDayOfYear >= monthStart(nMonth + 1))
+        ++nMonth;
     const uint32_t nDay = nDayOfYear - monthStart(nMonth) + 1;
     p = PutTwoDigits(p, nMonth + 1);
     *p++ = '/';
@@ -101,33 +111,48 @@ int CGridWorkload::FormatCell(int nRow, int nCol, char* pszBuf)
         p = PutDate(p, static_cast<uint32_t>(r * 13 % 36500));
         break;
     default:
-        for (const char* pszWord = s_apszWords[r * s_anWordFactor[nCol - 5] % 16]; *pszWord != '\0'; ++pszWord)
-            *p++ = *pszWord;
+    {
+        const CWord& word = s_aWords[r * s_anWordFactor[nCol - 5] % 16];
+        memcpy(p, word.sz, sizeof(word.sz));
+        p += word.nLen;
         break;
+    }
     }
     *p = '\0';
     return static_cast<int>(p - pszBuf);
 }
 
-CGridWorkload::CTsvDigest CGridWorkload::DigestTsv(int nRows)
+const char CGridWorkload::SHA256_WHOLE_TABLE[65] =
+    "03b613070c79eb72831f942dc8d08afb8fa1eb46de004bad714e54e2115697b6";
+
+uint64_t CGridWorkload::WriteTsv(int nRows, PFNTSVSINK pfnSink, void* pContext)
 {
-    const uint64_t FNV_OFFSET = 0xcbf29ce484222325u;
-    const uint64_t FNV_PRIME = 0x100000001b3u;
-    CTsvDigest digest = {0, FNV_OFFSET};
+    if (pfnSink == nullptr)
+        return 0;
     if (nRows > ROWS)
         nRows = ROWS;
-    char szCell[MAX_CELL_LEN + 1];
+    // Whole rows go into the buffer while one more fits.
+    const size_t BUFFER_SIZE = 65536;
+    const size_t ROW_MAX = COLS * (MAX_CELL_LEN + 1);
+    char buffer[BUFFER_SIZE];
+    size_t nUsed = 0;
+    uint64_t nTotal = 0;
     for (int nRow = 0; nRow < nRows; ++nRow)
     {
+        if (nUsed + ROW_MAX > BUFFER_SIZE)
+        {
+            pfnSink(buffer, nUsed, pContext);
+            nTotal += nUsed;
+            nUsed = 0;
+        }
         for (int nCol = 0; nCol < COLS; ++nCol)
         {
-            const int nLen = FormatCell(nRow, nCol, szCell);
-            // The separator after the cell: TAB between cells, LF at the row's end.
-            szCell[nLen] = nCol + 1 < COLS ? '\t' : '\n';
-            for (int i = 0; i <= nLen; ++i)
-                digest.nFnv1a = (digest.nFnv1a ^ static_cast<unsigned char>(szCell[i])) * FNV_PRIME;
-            digest.nBytes += static_cast<uint64_t>(nLen) + 1;
+            // FormatCell's terminating zero is overwritten by the separator after the cell.
+            nUsed += static_cast<size_t>(FormatCell(nRow, nCol, buffer + nUsed));
+            buffer[nUsed++] = nCol + 1 < COLS ? '\t' : '\n';
         }
     }
-    return digest;
+    if (nUsed != 0)
+        pfnSink(buffer, nUsed, pContext);
+    return nTotal + nUsed;
 }

@@ -4,6 +4,7 @@
 // enough to be part of a timed fill.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 class CGridWorkload
@@ -18,17 +19,13 @@ public:
     // an empty text and -1.
     static int FormatCell(int nRow, int nCol, char* pszBuf);
 
-    // Size in bytes and FNV-1a 64 hash of the first nRows rows written as TSV: cells joined by
-    // one TAB, every row ended by one LF, no header. The whole table gives BYTES_WHOLE_TABLE
-    // and FNV_WHOLE_TABLE: those of the published table file, whose SHA-256 is
-    // 03b613070c79eb72831f942dc8d08afb8fa1eb46de004bad714e54e2115697b6.
-    struct CTsvDigest
-    {
-        uint64_t nBytes;
-        uint64_t nFnv1a;
-    };
-    static CTsvDigest DigestTsv(int nRows);
+    // Writes the first nRows rows as TSV to pfnSink, in pieces of at most 64 KiB: cells joined by
+    // one TAB, every row ended by one LF, no header. Returns the number of bytes written. The
+    // whole table is the published table file: BYTES_WHOLE_TABLE bytes with the SHA-256
+    // SHA256_WHOLE_TABLE (lower-case hex).
+    typedef void (*PFNTSVSINK)(const char* pData, size_t nBytes, void* pContext);
+    static uint64_t WriteTsv(int nRows, PFNTSVSINK pfnSink, void* pContext);
 
     static const uint64_t BYTES_WHOLE_TABLE = 75729283u;
-    static const uint64_t FNV_WHOLE_TABLE = 0x3169e645dbb1d577u;
+    static const char SHA256_WHOLE_TABLE[65];
 };

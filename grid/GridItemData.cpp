@@ -1,5 +1,7 @@
 #include "grid/GridList.h"
 
+#include <algorithm>
+
 CGridList::CItemData::CItemData()
     : m_pTexts(NULL), m_pItemData(NULL), m_pStates(NULL), m_pFormats(NULL), m_pTextColors(NULL),
       m_pTextBkColors(NULL), m_pBkColors(NULL), m_pImages(NULL), m_pEditIcons(NULL), m_pEditIconTypes(NULL),
@@ -7,19 +9,32 @@ CGridList::CItemData::CItemData()
 {
 }
 
-CGridList::CItemData::CTextSlot* CGridList::CItemData::EnsureTexts(int nCols)
+CGridList::CItemData::CTextSlot* CGridList::CItemData::EnsureTexts(CBlockPool& slots, int nCols)
 {
-    CTextSlot empty = {0, 0};
-    return EnsureArray(m_pTexts, nCols, empty);
+    if (m_pTexts == NULL && nCols > 0)
+    {
+        m_pTexts = static_cast<CTextSlot*>(slots.Alloc());
+        if (m_pTexts != NULL)
+            for (int i = 0; i < nCols; ++i)
+                m_pTexts[i] = CTextSlot{0, 0};
+    }
+    return m_pTexts;
 }
 
-void CGridList::CItemData::Free(CTextPool& pool, int nCols)
+void CGridList::CItemData::Free(CTextPool& texts, CBlockPool& slots, int nCols)
 {
     if (m_pTexts != NULL)
+    {
         for (int i = 0; i < nCols; ++i)
             if (m_pTexts[i].nCapacity != 0)
-                pool.Free(m_pTexts[i].nOffset, m_pTexts[i].nCapacity);
-    free(m_pTexts);
+                texts.Free(m_pTexts[i].nOffset, m_pTexts[i].nCapacity);
+        slots.Free(m_pTexts);
+    }
+    FreeArrays();
+}
+
+void CGridList::CItemData::FreeArrays()
+{
     free(m_pItemData);
     free(m_pStates);
     free(m_pFormats);
@@ -33,13 +48,64 @@ void CGridList::CItemData::Free(CTextPool& pool, int nCols)
 }
 
 // ---------------------------------------------------------------------------------------------
+// CBlockPool
+
+void* CGridList::CBlockPool::Alloc()
+{
+    if (m_pFree != NULL)
+    {
+        void* pBlock = m_pFree;
+        m_pFree = *static_cast<void**>(pBlock);
+        return pBlock;
+    }
+    if (m_nBlockSize == 0)
+        return NULL;
+    if (m_nUsed + m_nBlockSize > CHUNK_SIZE)
+    {
+        char* pChunk = static_cast<char*>(malloc(CHUNK_SIZE));
+        if (pChunk == NULL)
+            return NULL;
+        m_arChunks.push_back(pChunk);
+        m_nUsed = 0;
+    }
+    void* pBlock = m_arChunks.back() + m_nUsed;
+    m_nUsed += m_nBlockSize;
+    return pBlock;
+}
+
+void CGridList::CBlockPool::Free(void* pBlock)
+{
+    if (pBlock == NULL)
+        return;
+    *static_cast<void**>(pBlock) = m_pFree;
+    m_pFree = pBlock;
+}
+
+void CGridList::CBlockPool::FreeAll()
+{
+    for (char* pChunk : m_arChunks)
+        free(pChunk);
+    std::vector<char*>().swap(m_arChunks);
+    m_nUsed = CHUNK_SIZE;
+    m_pFree = NULL;
+}
+
+void CGridList::CBlockPool::Reset(size_t nBlockSize)
+{
+    FreeAll();
+    // Room for the free list's link, and blocks that keep pointers aligned.
+    const size_t nAlign = sizeof(void*);
+    m_nBlockSize = nBlockSize == 0 || nBlockSize > CHUNK_SIZE ? 0 : (std::max(nBlockSize, nAlign) + nAlign - 1) / nAlign * nAlign;
+}
+
+// ---------------------------------------------------------------------------------------------
 // CTextPool
 
 UINT CGridList::CTextPool::ClassOf(UINT nSize)
 {
     if (nSize <= SMALL_LIMIT)
-        return (nSize + 3) / 4 - 1;
-    UINT nClass = SMALL_LIMIT / 4;
+        return nSize - 1;
+    UINT nClass = SMALL_LIMIT;
     for (UINT nClassSize = SMALL_LIMIT * 2; nClassSize < nSize; nClassSize *= 2)
         ++nClass;
     return nClass;
@@ -47,9 +113,9 @@ UINT CGridList::CTextPool::ClassOf(UINT nSize)
 
 UINT CGridList::CTextPool::ClassSize(UINT nClass)
 {
-    if (nClass < SMALL_LIMIT / 4)
-        return (nClass + 1) * 4;
-    return static_cast<UINT>(SMALL_LIMIT * 2) << (nClass - SMALL_LIMIT / 4);
+    if (nClass < SMALL_LIMIT)
+        return nClass + 1;
+    return static_cast<UINT>(SMALL_LIMIT * 2) << (nClass - SMALL_LIMIT);
 }
 
 namespace

@@ -1,11 +1,14 @@
-// CGridList::CItemData, the record of one grid row, and CGridList::CTextPool, the grid's store
-// of cell texts.
+// CGridList::CItemData, the record of one grid row, with the stores its memory comes from:
+// CGridList::CBlockPool for the records and their text-slot arrays, and CGridList::CTextPool for
+// the cell texts.
 #pragma once
 
 #include "grid/GridList.h"
 
 // The record of a row: eleven slots, each per-column array allocated on the first write of its
-// kind and freed with the record. Texts are slots into the grid's text pool, not heap blocks.
+// kind and freed with the record. Records and their text-slot arrays are blocks of the grid's
+// block pools, and texts live in its text pool: a million filled rows are not two million heap
+// blocks.
 class AFX_EXT_CLASS CGridList::CItemData
 {
 public:
@@ -17,11 +20,14 @@ public:
     };
 
     CItemData();
-    // Frees every array and gives the texts back to the pool.
-    void Free(CTextPool& pool, int nCols);
+    // Frees every array, giving the texts and the text slots back to their pools.
+    void Free(CTextPool& texts, CBlockPool& slots, int nCols);
+    // Frees the arrays that come from the heap, those of kinds 1 to 9.
+    void FreeArrays();
 
     // Each returns the array, allocating it filled with its "none" value; null when out of memory.
-    CTextSlot* EnsureTexts(int nCols);
+    // The text slots are a block of the pool, whose blocks hold a slot per column.
+    CTextSlot* EnsureTexts(CBlockPool& slots, int nCols);
     DWORD* EnsureItemData(int nCols) { return EnsureArray(m_pItemData, nCols, DWORD(0xFFFFFFFF)); }
     DWORD* EnsureStates(int nCols) { return EnsureArray(m_pStates, nCols, DWORD(0)); }
     DWORD* EnsureFormats(int nCols) { return EnsureArray(m_pFormats, nCols, DWORD(0xFFFFFFFF)); }
@@ -63,6 +69,36 @@ private:
 static_assert(sizeof(CGridList::CItemData) == 44, "the row record is eleven 32-bit slots on Win32");
 #endif
 
+// Blocks of one size for one grid, carved from 1 MiB chunks; a freed block goes to a free list
+// and is reused. FreeAll gives every chunk back at once, so a grid drops its rows without
+// visiting them block by block.
+class AFX_EXT_CLASS CGridList::CBlockPool
+{
+public:
+    explicit CBlockPool(size_t nBlockSize) { Reset(nBlockSize); }
+    ~CBlockPool() { FreeAll(); }
+    CBlockPool(const CBlockPool&) = delete;
+    CBlockPool& operator=(const CBlockPool&) = delete;
+
+    // Null when out of memory or when the blocks have no size.
+    void* Alloc();
+    void Free(void* pBlock);
+    void FreeAll();
+    // Gives every chunk back and makes the blocks nBlockSize bytes from now on.
+    void Reset(size_t nBlockSize);
+
+private:
+    enum
+    {
+        CHUNK_SIZE = 1 << 20,
+    };
+
+    size_t m_nBlockSize = 0;
+    std::vector<char*> m_arChunks;
+    size_t m_nUsed = CHUNK_SIZE; // bytes used in the last chunk; full when there is none
+    void* m_pFree = NULL;        // the free list, linked through the blocks' first bytes
+};
+
 // The cell texts of one grid. Buffers are carved from 1 MiB chunks that never move and are
 // numbered process-wide, so that a 32-bit offset names a text of any grid and a row record alone
 // leads to its texts (the sort comparators see nothing but records). A freed buffer goes to the
@@ -87,9 +123,10 @@ private:
     {
         CHUNK_BITS = 20,
         CHUNK_SIZE = 1 << CHUNK_BITS,
-        // Sizes up to 64 bytes go by steps of 4, larger ones by powers of two up to 65536.
+        // Sizes up to 64 bytes are classes of their own, so that short texts take no more than
+        // their length and terminator; larger ones go by powers of two up to 65536.
         SMALL_LIMIT = 64,
-        CLASS_COUNT = SMALL_LIMIT / 4 + 10,
+        CLASS_COUNT = SMALL_LIMIT + 10,
     };
     static UINT ClassOf(UINT nSize);
     static UINT ClassSize(UINT nClass);

@@ -15,6 +15,7 @@
 #include <afxcoll.h>
 #include <afxtempl.h>
 
+#include "grid/GridInPlaceEdit.h"
 #include "grid/GridTypes.h"
 
 #include <memory>
@@ -71,7 +72,63 @@ struct NMGRIDCELL
     Cell cell;
 };
 
+// ---- In-place editing records
+// GN_EDITBEGIN: the host answers non-zero to refuse the edit. The fields marked "in and out" are
+// read back: the host may switch the editor, put its own edit window in hWndEdit, change the
+// character to start with, or take the filling of the editor's text on itself.
+struct NMGRIDEDITBEGIN
+{
+    NMHDR hdr;
+    int nEditType; // in and out: 0 the edit box, 1 the combo box; any other value shows no editor
+    int nTrigger;  // the edit trigger bit; 0 when started by GridEdit without one
+    int row;
+    int col;
+    HWND hWndEdit; // in and out: the grid's edit box for type 0, null for type 1
+    int nChar;     // in and out: the typed character, -1 for none
+    int bInitText; // in and out: 1 for type 0 (the grid fills the edit window's text), 0 for type 1
+};
+
+// GN_EDITEND: the text and data the editor holds (the chosen entry's item data for the combo
+// box, the cell's item data for an edit window); pszText is valid during the notification only.
+// The host answers:
+//   0, nAction left at GEE_SETTEXT: the text becomes the cell's text;
+//   0, nAction changed: the editor closes and the cell stays as it is (the host took the value);
+//   non-zero: the value is refused; the editor closes, unless nAction is GEE_KEEPEDITING: then it
+//   is shown again with the focus and the edit goes on.
+struct NMGRIDEDITEND
+{
+    NMHDR hdr;
+    int nEditType;
+    int row;
+    int col;
+    LPCTSTR pszText;
+    DWORD dwData;
+    int nAction; // sent as GEE_SETTEXT
+};
+#define GEE_SETTEXT 1
+#define GEE_KEEPEDITING 2
+
+// GN_COMBOSELENDOK: the in-place combo box's entry the user chose, before the edit ends with it
+// (GN_EDITEND follows). pszText is valid during the notification only. The result is not read.
+struct NMGRIDCOMBOSEL
+{
+    NMHDR hdr;
+    int row;
+    int col;
+    int nIndex;
+    DWORD dwData;
+    LPCTSTR pszText;
+};
+
+// Sent (or posted) to the CGridList by a host's own editor that loses the focus: wParam the
+// window receiving the focus (or null), lParam non-zero to take the editor's text. The result is
+// ProcessCustomEditKillFocus's.
+#define GM_CUSTOMEDITKILLFOCUS (WM_USER + 20)
+
 #ifndef _WIN64
+static_assert(sizeof(NMGRIDEDITBEGIN) == 40, "seven 32-bit fields after the header on Win32");
+static_assert(sizeof(NMGRIDEDITEND) == 36, "six 32-bit fields after the header on Win32");
+static_assert(sizeof(NMGRIDCOMBOSEL) == 32, "five 32-bit fields after the header on Win32");
 static_assert(sizeof(NMGRIDCCPMENU) == 24, "three values after the header");
 static_assert(sizeof(NMGRIDCARETCHANGE) == 40, "the caret-change record is 40 bytes on Win32");
 static_assert(sizeof(NMGRIDCCP) == 24, "action and source after the header");
@@ -87,6 +144,7 @@ public:
     class CItemData;
     class CSelectedCells;
     class CTextPool;
+    class CBlockPool;
 
     // Cell state flags.
     enum eCellState
@@ -524,12 +582,51 @@ public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
     // ---- In-place editing ----------------------------------------------------------------
-    // Starts editing a cell with an editor style (GES_EDIT, GES_COMBO) for a trigger (GET_,
-    // 0 for an edit icon) and a typed character (-1 for none); 0 when editing started.
-    int OnGridEdit_Begin(int row, int col, int style, int trigger, UINT ch);
-    // Closes an open editor before another action; 0 when it stays open (the action is then
-    // abandoned).
-    int ProcessCustomEditKillFocus(HWND hWnd, int nReason);
+    // An edit opens on a data cell of a shown grid in the edit box (style 0), a host's own edit
+    // window put into the begin-edit record, or the combo box (style 1), which opens with its
+    // list dropped down. Enter (or Tab, which then reaches the grid) in the edit box takes the
+    // text, Escape drops it; the combo box takes the entry chosen in its list and drops the edit
+    // when its list closes without a choice. Losing the focus takes the edit box's text and drops
+    // the combo box; scrolling takes the value. Rows inserted, deleted or sorted while an edit is
+    // open do not move it.
+    //
+    // Starts editing the cell with the style (0 or 1) and trigger, ch being the typed character
+    // or (UINT)-1; returns 0 when an editor opened, non-zero when none did (the host refused, the
+    // grid is hidden, an edit is already open, the style is not 0 or 1, the cell is not a data
+    // cell, the combo box is empty, or the host's editor is not a window).
+    virtual int OnGridEdit_Begin(int row, int col, int style, int trigger, UINT ch);
+    // Sends GN_EDITEND for the open edit of this cell and style and takes the text as the host
+    // answers. TRUE when the edit ended, FALSE when it stays open or none matched.
+    virtual BOOL OnGridEdit_End(int row, int col, int style, LPCTSTR lpszText, DWORD dwData);
+    // Ends the open edit of this cell and style: with bTakeValue through OnGridEdit_End and the
+    // editor's value, else silently without GN_EDITEND. nPassKey (a virtual key, 0 for none) is
+    // then sent to the grid as a key press, as Tab from the edit box is. TRUE when it ended.
+    virtual BOOL OnGridEdit_Close(int row, int col, int style, int bTakeValue, int nPassKey);
+    // Starts editing from outside; with bMakeCaret the cell first becomes the caret and the only
+    // selection. The result is OnGridEdit_Begin's.
+    int GridEdit(int row, int col, int style, int trigger, bool bMakeCaret);
+    // Closes an open editor before another action, unless the focus goes to hWndNewFocus inside
+    // the editor itself; bTakeValue takes its value. Returns 0 when the editor stays open (the
+    // host kept it, or the focus stays in it): the action is then to be abandoned.
+    BOOL ProcessCustomEditKillFocus(HWND hWndNewFocus, int bTakeValue);
+    // Lays the window over the cell (less its right and bottom grid lines), shows it and gives it
+    // the focus; a child window of another parent is moved under the grid first.
+    BOOL SetupCustomEditWnd(CWnd* pWnd, int row, int col);
+    CEdit* GetDefaultEditWnd() { return &m_wndEdit; }
+    BOOL IsAnyEditWindowVisible() const;
+    // The combo box's entries become a copy of the combo's (texts and item data); bMatchByData
+    // chooses the entry for a cell by the cell's item data rather than by its exact text.
+    void SetFixedCombo(CComboBox& combo, bool bMatchByData);
+    BOOL IsComboMatchByData() const { return m_bComboByData; }
+    // The dropped list's height: up to eight entries and its border.
+    int GetComboDropdownHeight() const;
+    BOOL IsEditing() const { return m_bEditActive; }
+    Cell GetEditCell() const { return m_EditCell; }
+    int GetEditStyle() const { return m_nEditStyle; }
+    // The open editor window, null when none.
+    HWND GetEditWnd() const { return m_bEditActive ? m_hWndEditor : NULL; }
+    LRESULT Send_GEdit(NMGRIDEDITBEGIN& nm);
+    LRESULT Send_GEdit(NMGRIDEDITEND& nm);
 
 protected:
     // The grid paints its rows itself (through DrawItem), so that only the invalid cells are
@@ -577,6 +674,8 @@ protected:
     // The cell's value in an array of its row, or the fill when there is none.
     template <class T>
     T GetCellValue(int row, int col, T* CItemData::*pArray, T none) const;
+    // One of the per-cell colours of a data cell, repainting it.
+    BOOL SetCellColor(int row, int col, COLORREF* (CItemData::*pfnEnsure)(int), COLORREF cr);
     // Sends a grid notification to the grid window's parent; 0 when there is none.
     LRESULT SendGridNotify(NMHDR* pHdr, UINT nCode);
     // Clears the caret flag of the old caret, sets it on the new, notifies, takes an edit icon
@@ -597,6 +696,12 @@ protected:
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
+    // Runs change(), a change of the list view's count or columns, without the list view
+    // drawing its scroll bars now.
+    template <class F>
+    void ChangeListQuietly(F change);
+    // The style messages, kept from the list view while ChangeListQuietly hides it.
+    afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
     void CreateEditors();
     // Makes the list view measure its rows again (as m_nRowHeight).
@@ -643,6 +748,23 @@ protected:
     // Called by the find dialog as its window goes.
     void OnFindDlgGone(CGridFind* pDlg);
     friend class CGridFind;
+
+    // ---- In-place editing
+    afx_msg void OnEditKillFocus();
+    afx_msg void OnComboSelEndOk();
+    afx_msg void OnComboSelEndCancel();
+    afx_msg void OnComboKillFocus();
+    afx_msg LRESULT OnProcessCustomEditKillFocus(WPARAM wParam, LPARAM lParam);
+    BOOL BeginComboEdit(int row, int col, UINT ch);
+    BOOL BeginWindowEdit(HWND hWndEdit, int row, int col, UINT ch, BOOL bInitText);
+    // The combo box's entry for the cell, -1 for none.
+    int FindComboEntry(int row, int col) const;
+    // Widens the dropped list to its widest entry when that is wider than nWidth.
+    void WidenComboList(int nWidth);
+    // The cell less its right and bottom grid lines, in the grid's client coordinates.
+    BOOL GetEditorRect(int row, int col, CRect& rect);
+    // Hides the editor, giving the grid the focus when the editor had it.
+    void HideEditor();
     DECLARE_MESSAGE_MAP()
 
     // Shape.
@@ -690,7 +812,7 @@ protected:
 
     // The in-place editors and their fonts.
     CComboBox m_wndCombo;
-    CEdit m_wndEdit;
+    CGridInPlaceEdit m_wndEdit;
     CFont m_ComboFont;
     CFont m_EditFont;
 
@@ -716,6 +838,7 @@ protected:
     int m_nDrawRow = -1;
     CRect m_rcDrawRow;
     BOOL m_bDrawFocused = FALSE;
+    BOOL m_bQuietStyle = FALSE;
 
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;
@@ -745,6 +868,21 @@ protected:
     // The process-wide type-ahead clock and find dialog.
     static DWORD m_stdwLastFindKey;
     static HWND m_sthFindDlg;
+
+    // The row records, and their text-slot arrays (a slot per column).
+    std::unique_ptr<CBlockPool> m_pRecordPool;
+    std::unique_ptr<CBlockPool> m_pSlotPool;
+
+    // In-place editing: the open editor, its cell, style, trigger and character, whether an edit
+    // is open and whether it is being closed.
+    HWND m_hWndEditor = NULL;
+    Cell m_EditCell;
+    int m_nEditStyle = -1;
+    int m_nEditTrigger = 0;
+    int m_nEditChar = -1;
+    BYTE m_bEditActive = 0;
+    BYTE m_bEditClosing = 0;
+    BYTE m_bComboByData = 0;
 };
 
 // Sorts the row records in place with the grid's heap sort; compare receives pointers to two

@@ -382,8 +382,9 @@ BOOL CGridList::SendScrollMsg(int nBar, UINT nSBCode, UINT nPos)
 
 void CGridList::OnScrollRequest(int nBar, UINT nSBCode, UINT nPos)
 {
-    // An open editor would be left over another cell: it closes first, or nothing scrolls.
-    if (nSBCode != SB_ENDSCROLL && ProcessCustomEditKillFocus(NULL, 0) == 0)
+    // An editor does not move with the cells: it closes first, and one the host keeps open
+    // holds the grid still.
+    if (!ProcessCustomEditKillFocus(NULL, 1))
         return;
     // The focus rectangle would be carried along by the scrolled pixels: it stays off until the
     // scrolling ends.

@@ -150,7 +150,7 @@ void CGridList::OnLButtonDown(UINT nFlags, CPoint point)
     Cell cell;
     HitTest(point, cell);
     KillClickEditTimer();
-    if (ProcessCustomEditKillFocus(NULL, 0) == 0)
+    if (ProcessCustomEditKillFocus(NULL, TRUE) == 0)
         return;
     if (m_bCapture)
         ReleaseCapture();
@@ -308,7 +308,7 @@ void CGridList::OnLButtonDblClk(UINT, CPoint point)
 void CGridList::OnRButtonDown(UINT, CPoint point)
 {
     KillClickEditTimer();
-    if (ProcessCustomEditKillFocus(NULL, 0) == 0)
+    if (ProcessCustomEditKillFocus(NULL, TRUE) == 0)
         return;
     Cell cell;
     HitTest(point, cell);
@@ -336,7 +336,7 @@ void CGridList::OnMButtonDown(UINT, CPoint)
 {
     // Nothing of the list view's own: the button only closes an editor and takes the focus.
     KillClickEditTimer();
-    if (ProcessCustomEditKillFocus(NULL, 0) != 0 && ::GetFocus() != m_hWnd)
+    if (ProcessCustomEditKillFocus(NULL, TRUE) != 0 && ::GetFocus() != m_hWnd)
         SetFocus();
 }
 
@@ -352,7 +352,7 @@ int CGridList::GetWheelScrollRows(int nNotches, int nLines, int nPage)
 
 BOOL CGridList::OnMouseWheel(UINT, short zDelta, CPoint)
 {
-    if (!IsVertScrollBarVisible() || ProcessCustomEditKillFocus(NULL, 0) == 0)
+    if (!IsVertScrollBarVisible() || ProcessCustomEditKillFocus(NULL, TRUE) == 0)
         return FALSE;
     SCROLLINFO si;
     si.cbSize = sizeof(si);

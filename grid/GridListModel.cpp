@@ -21,6 +21,14 @@ ON_MESSAGE(LVM_DELETECOLUMN, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNA, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNW, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNWIDTH, OnColumnChange)
+ON_MESSAGE(WM_STYLECHANGING, OnStyleChange)
+ON_MESSAGE(WM_STYLECHANGED, OnStyleChange)
+// In-place editing.
+ON_EN_KILLFOCUS(IDC_GRIDEDIT, OnEditKillFocus)
+ON_CBN_SELENDOK(IDC_GRIDCOMBO, OnComboSelEndOk)
+ON_CBN_SELENDCANCEL(IDC_GRIDCOMBO, OnComboSelEndCancel)
+ON_CBN_KILLFOCUS(IDC_GRIDCOMBO, OnComboKillFocus)
+ON_MESSAGE(GM_CUSTOMEDITKILLFOCUS, OnProcessCustomEditKillFocus)
 // Input and find
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
@@ -57,7 +65,8 @@ const WORD kPlacementBits = 0x1800;
 
 CGridList::CGridList()
     : m_pSelectedCells(new CSelectedCells), m_pCCPCells(new CSelectedCells), m_pEditIconImageList(NULL),
-      m_dwEditIconStyle(0), m_pTextPool(new CTextPool)
+      m_dwEditIconStyle(0), m_pTextPool(new CTextPool),
+      m_pRecordPool(new CBlockPool(sizeof(CItemData))), m_pSlotPool(new CBlockPool(0))
 {
     InitAllData();
 }
@@ -116,17 +125,17 @@ void CGridList::InitAllData()
 
 void CGridList::FreeAllRows()
 {
+    // The records, their text slots and texts go with their pools; only the other arrays are
+    // the heap's.
     for (DWORD_PTR& slot : m_arRows)
     {
         if (slot != 0 && slot != kNoRecord)
-        {
-            CItemData* pData = reinterpret_cast<CItemData*>(slot);
-            pData->Free(*m_pTextPool, m_nCols);
-            delete pData;
-        }
+            reinterpret_cast<CItemData*>(slot)->FreeArrays();
         slot = 0;
     }
     m_pTextPool->FreeAll();
+    m_pRecordPool->FreeAll();
+    m_pSlotPool->Reset(sizeof(CItemData::CTextSlot) * static_cast<size_t>(m_nCols));
 }
 
 void CGridList::OnDestroy()
@@ -204,20 +213,58 @@ void CGridList::CreateEditors()
     }
 }
 
+template <class F>
+void CGridList::ChangeListQuietly(F change)
+{
+    // The list view redraws its scroll bars at once whenever its count or columns change, which
+    // costs more than anything else an insert or delete does. While the window is marked
+    // invisible the scroll bars take their new ranges without drawing; the list view is kept
+    // from hearing of the style change, which would make it lay itself out and repaint afresh.
+    // The vertical bar is invalidated instead, when its thumb moved, and repaints with the next
+    // paint.
+    const LONG_PTR nStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE);
+    SCROLLBARINFO before, after;
+    before.cbSize = after.cbSize = sizeof(SCROLLBARINFO);
+    if ((nStyle & WS_VISIBLE) == 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before))
+    {
+        change();
+        return;
+    }
+    m_bQuietStyle = TRUE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nStyle & ~static_cast<LONG_PTR>(WS_VISIBLE));
+    change();
+    // The list view may have shown or hidden a scroll bar meanwhile.
+    const LONG_PTR nNewStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE) | WS_VISIBLE;
+    ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nNewStyle);
+    m_bQuietStyle = FALSE;
+    if (((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) != 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after))
+        ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | RDW_FRAME); // the client area moved too
+    else if (after.xyThumbTop != before.xyThumbTop || after.xyThumbBottom != before.xyThumbBottom ||
+             after.rgstate[0] != before.rgstate[0])
+    {
+        CRect rcBar(after.rcScrollBar);
+        ScreenToClient(&rcBar);
+        ::RedrawWindow(m_hWnd, &rcBar, NULL, RDW_INVALIDATE | RDW_FRAME);
+    }
+}
+
 BOOL CGridList::InitRowsAndCols()
 {
     if (GetSafeHwnd() == NULL)
         return FALSE;
     FreeAllRows();
     m_arRows.assign(static_cast<size_t>(m_nRows), 0);
-    SetItemCountEx(0, 0);
-    while (DeleteColumn(0))
-        ;
-    for (int col = 0; col < m_nCols; ++col)
-        if (InsertColumn(col, "", LVCFMT_LEFT, 100) != col)
-            return FALSE;
-    SetItemCountEx(m_nRows, LVSICF_NOSCROLL);
-    if (GetItemCount() != m_nRows)
+    BOOL bBuilt = TRUE;
+    ChangeListQuietly([this, &bBuilt]() {
+        SetItemCountEx(0, 0);
+        while (DeleteColumn(0))
+            ;
+        for (int col = 0; col < m_nCols && bBuilt; ++col)
+            bBuilt = InsertColumn(col, "", LVCFMT_LEFT, 100) == col;
+        if (bBuilt)
+            SetItemCountEx(m_nRows, LVSICF_NOSCROLL);
+    });
+    if (!bBuilt || GetItemCount() != m_nRows)
         return FALSE;
     m_arColTextFormats.assign(static_cast<size_t>(m_nCols), -1);
     m_crText = ::GetSysColor(COLOR_WINDOWTEXT);
@@ -229,11 +276,16 @@ BOOL CGridList::InitRowsAndCols()
     return TRUE;
 }
 
+LRESULT CGridList::OnStyleChange(WPARAM, LPARAM)
+{
+    return m_bQuietStyle ? 0 : Default();
+}
+
 void CGridList::UpdateItemCount(int nFromRow)
 {
     if (GetSafeHwnd() == NULL)
         return;
-    SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    ChangeListQuietly([this]() { SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL); });
     if (!IsWindowVisible())
         return;
     // Only the visible rows from the changed one down show something else now.
@@ -332,8 +384,8 @@ BOOL CGridList::DeleteRow(int nRow, bool bNoRedraw)
     CItemData* pData = GetItemData(nRow, false);
     if (pData != NULL)
     {
-        pData->Free(*m_pTextPool, m_nCols);
-        delete pData;
+        pData->Free(*m_pTextPool, *m_pSlotPool, m_nCols);
+        m_pRecordPool->Free(pData);
     }
     m_arRows.erase(m_arRows.begin() + nRow);
     --m_nRows;
@@ -414,7 +466,10 @@ CGridList::CItemData* CGridList::GetItemData(int row, bool bCreate) const
         return NULL;
     DWORD_PTR& slot = const_cast<DWORD_PTR&>(m_arRows[static_cast<size_t>(row)]);
     if ((slot == 0 || slot == kNoRecord) && bCreate)
-        slot = reinterpret_cast<DWORD_PTR>(new (std::nothrow) CItemData);
+    {
+        void* pBlock = m_pRecordPool->Alloc();
+        slot = pBlock == NULL ? slot : reinterpret_cast<DWORD_PTR>(new (pBlock) CItemData);
+    }
     return slot == kNoRecord ? NULL : reinterpret_cast<CItemData*>(slot);
 }
 
@@ -435,9 +490,11 @@ DWORD_PTR CGridList::GetItemDataPtr(int row) const
 
 BOOL CGridList::SetText(int row, int col, LPCTSTR lpszText, bool bNoRedraw)
 {
-    CItemData::CTextSlot* pSlot = GetCellSlot(row, col, &CItemData::EnsureTexts);
-    if (pSlot == NULL)
+    CItemData* pData = IsValidCell(row, col) ? GetItemData(row, true) : NULL;
+    CItemData::CTextSlot* pSlots = pData == NULL ? NULL : pData->EnsureTexts(*m_pSlotPool, m_nCols);
+    if (pSlots == NULL)
         return FALSE;
+    CItemData::CTextSlot* pSlot = pSlots + col;
     size_t nLen = lpszText == NULL ? 0 : strlen(lpszText);
     if (nLen >= 65535)
         nLen = 0;
@@ -478,14 +535,19 @@ DWORD CGridList::GetItemData(int row, int col) const
     return GetCellValue(row, col, &CItemData::m_pItemData, DWORD(0xFFFFFFFF));
 }
 
-BOOL CGridList::SetItemTextColor(int row, int col, COLORREF cr)
+BOOL CGridList::SetCellColor(int row, int col, COLORREF* (CItemData::*pfnEnsure)(int), COLORREF cr)
 {
-    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, &CItemData::EnsureTextColors);
+    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, pfnEnsure);
     if (pValue == NULL)
         return FALSE;
     *pValue = cr;
     RefreshCell(row, col);
     return TRUE;
+}
+
+BOOL CGridList::SetItemTextColor(int row, int col, COLORREF cr)
+{
+    return SetCellColor(row, col, &CItemData::EnsureTextColors, cr);
 }
 
 COLORREF CGridList::GetItemTextColor(int row, int col) const
@@ -495,12 +557,7 @@ COLORREF CGridList::GetItemTextColor(int row, int col) const
 
 BOOL CGridList::SetItemTextBkColor(int row, int col, COLORREF cr)
 {
-    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, &CItemData::EnsureTextBkColors);
-    if (pValue == NULL)
-        return FALSE;
-    *pValue = cr;
-    RefreshCell(row, col);
-    return TRUE;
+    return SetCellColor(row, col, &CItemData::EnsureTextBkColors, cr);
 }
 
 COLORREF CGridList::GetItemTextBkColor(int row, int col) const
@@ -510,12 +567,7 @@ COLORREF CGridList::GetItemTextBkColor(int row, int col) const
 
 BOOL CGridList::SetItemBkColor(int row, int col, COLORREF cr)
 {
-    COLORREF* pValue = IsHdrCell(row, col) ? NULL : GetCellSlot(row, col, &CItemData::EnsureBkColors);
-    if (pValue == NULL)
-        return FALSE;
-    *pValue = cr;
-    RefreshCell(row, col);
-    return TRUE;
+    return SetCellColor(row, col, &CItemData::EnsureBkColors, cr);
 }
 
 COLORREF CGridList::GetItemBkColor(int row, int col) const

@@ -1,11 +1,13 @@
 // CGridList: sorting rows by one or more columns, and the heap sort behind it.
 //
 // ListSort does not call the comparators: it takes each row's keys once (the number, the time
-// without its colons, the case-folded text) and runs the same heap sort over them, so the
-// order, ties included, is exactly the one HeapSort with the comparators gives, only faster.
+// without its colons, the case-folded text) and sorts by them, so the order, ties included, is
+// exactly the one HeapSort with the comparators gives, only faster: with the same heap sort when
+// rows tie, with a faster sort when no two rows tie, since then only one order is sorted.
 #include "grid/GridList.h"
 
 #include <algorithm>
+#include <climits>
 #include <string>
 
 namespace
@@ -181,6 +183,28 @@ public:
         }
     }
 
+    // Whether comparing by the keys is a consistent order: true unless two values of a number
+    // key lie so far apart that their difference wraps around (then a < b < c may come with
+    // c < a, and only the heap sort's own steps say where the rows go).
+    bool IsConsistent() const
+    {
+        for (int k = 0; k < m_nKeys; ++k)
+        {
+            if (IsTextType(m_pKeys[k].nSortType) || m_arKeys[static_cast<size_t>(k)].empty())
+                continue;
+            const std::vector<unsigned long long>& arKeys = m_arKeys[static_cast<size_t>(k)];
+            long long nMin = static_cast<int>(arKeys[0]), nMax = nMin;
+            for (unsigned long long nKey : arKeys)
+            {
+                nMin = std::min<long long>(nMin, static_cast<int>(nKey));
+                nMax = std::max<long long>(nMax, static_cast<int>(nKey));
+            }
+            if (nMax - nMin > INT_MAX)
+                return false;
+        }
+        return true;
+    }
+
     // The key of element i for key k.
     unsigned long long Key(int k, unsigned i) const { return m_arKeys[static_cast<size_t>(k)][i]; }
 
@@ -239,9 +263,11 @@ void SortRecords(CGridList::CItemData** ppRecords, unsigned nCount, const GridSo
     CKeyedSort keys(ppRecords, nCount, pKeys, nKeys);
     std::vector<CKeyed> arElements(nCount);
     bool bInlineSecond = nKeys > 1 && !IsTextType(pKeys[1].nSortType);
-    for (unsigned i = 0; i < nCount; ++i)
-        arElements[i] = CKeyed{keys.Key(0, i), bInlineSecond ? static_cast<unsigned>(keys.Key(1, i)) : 0u, i};
-    HeapSortOf(arElements.data(), nCount, [&keys, nKeys, bInlineSecond](const CKeyed& e1, const CKeyed& e2) {
+    auto reset = [&]() {
+        for (unsigned i = 0; i < nCount; ++i)
+            arElements[i] = CKeyed{keys.Key(0, i), bInlineSecond ? static_cast<unsigned>(keys.Key(1, i)) : 0u, i};
+    };
+    auto compare = [&keys, nKeys, bInlineSecond](const CKeyed& e1, const CKeyed& e2) {
         int nResult = keys.CompareKey(0, e1.nKey0, e2.nKey0, e1.nIndex, e2.nIndex);
         if (nResult != 0 || nKeys == 1)
             return nResult;
@@ -249,7 +275,24 @@ void SortRecords(CGridList::CItemData** ppRecords, unsigned nCount, const GridSo
             return keys.CompareFrom(1, e1.nIndex, e2.nIndex);
         nResult = keys.CompareKey(1, e1.nKey1, e2.nKey1, e1.nIndex, e2.nIndex);
         return nResult != 0 || nKeys == 2 ? nResult : keys.CompareFrom(2, e1.nIndex, e2.nIndex);
-    });
+    };
+    reset();
+    // When the keys order the rows totally (no two rows equal on every key) every correct sort
+    // gives the one order the heap sort gives, so a faster sort may find it. Rows that tie
+    // leave the faster sort's order to chance, and the heap sort's order is then the one shown.
+    bool bSorted = false;
+    if (keys.IsConsistent())
+    {
+        std::sort(arElements.begin(), arElements.end(),
+                  [&compare](const CKeyed& e1, const CKeyed& e2) { return compare(e1, e2) < 0; });
+        bSorted = true;
+        for (unsigned i = 1; i < nCount && bSorted; ++i)
+            bSorted = compare(arElements[i - 1], arElements[i]) != 0;
+        if (!bSorted)
+            reset();
+    }
+    if (!bSorted)
+        HeapSortOf(arElements.data(), nCount, compare);
     std::vector<CGridList::CItemData*> arSorted(nCount);
     for (unsigned i = 0; i < nCount; ++i)
         arSorted[i] = ppRecords[arElements[i].nIndex];

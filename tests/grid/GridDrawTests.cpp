@@ -202,3 +202,37 @@ TEST_F(CGridWindowTest, CellTextIsDrawnAsDrawTextDrawsIt)
                 EXPECT_TRUE(grid.Pixels() == reference.Pixels());
             }
 }
+
+// Inserts and deletes leave the scroll bar to the next paint: it must then show what a fresh
+// paint of the whole frame shows, also where the bar appears or goes. The grid window's capture
+// holds the list's frame.
+TEST_F(CGridWindowTest, TheScrollBarFollowsInsertsAndDeletes)
+{
+    CreateGrid(3, 2, 60, 16, CSize(200, 120));
+    CWindowImage& image = m_host.m_image;
+    const CRect rcGrid(0, 0, 200, 120);
+    const struct
+    {
+        int nInserts, nDeletes;
+    } steps[] = {{10, 0}, {40, 0}, {0, 50}};
+    for (const auto& step : steps)
+    {
+        image.Capture(m_host.m_wndGrid);
+        for (int i = 0; i < step.nInserts; ++i)
+            m_grid.InsertRow(0, true);
+        for (int i = 0; i < step.nDeletes; ++i)
+            m_grid.DeleteRow(0, true);
+        ASSERT_TRUE(image.Capture(m_host.m_wndGrid));
+        std::vector<COLORREF> after;
+        for (int y = rcGrid.top; y < rcGrid.bottom; ++y)
+            for (int x = rcGrid.left; x < rcGrid.right; ++x)
+                after.push_back(image.GetPixel(x, y));
+        m_grid.RedrawWindow(NULL, NULL, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
+        ASSERT_TRUE(image.Capture(m_host.m_wndGrid));
+        int nDiffering = 0;
+        for (int y = rcGrid.top; y < rcGrid.bottom; ++y)
+            for (int x = rcGrid.left; x < rcGrid.right; ++x)
+                nDiffering += after[static_cast<size_t>(y * rcGrid.Width() + x)] != image.GetPixel(x, y);
+        EXPECT_EQ(0, nDiffering) << step.nInserts << " inserted, " << step.nDeletes << " deleted";
+    }
+}

@@ -66,8 +66,9 @@ protected:
 
 TEST_F(CGridInputTest, ASecondClickEditsOnlyWhenNoDoubleClickFollows)
 {
+    ::ShowWindow(m_host.m_parent, SW_SHOWNOACTIVATE); // a hidden grid edits nothing
     m_grid.SetGridEditStyle(CGridList::GET_CLICK, CGridList::GES_EDIT);
-    m_grid.SetGridEditStyle(CGridList::GET_DBLCLK, CGridList::GES_COMBO);
+    m_grid.SetGridEditStyle(CGridList::GET_DBLCLK, CGridList::GES_COMBO); // with no entries: asks, shows nothing
     const CPoint pt = CellCentre(3, 2);
     CInput::Click(m_hGrid, pt.x, pt.y); // makes it the caret: no edit is armed
     m_sequence.Clear();
@@ -90,6 +91,7 @@ TEST_F(CGridInputTest, ASecondClickEditsOnlyWhenNoDoubleClickFollows)
     EXPECT_EQ(CGridList::GES_EDIT, pBegin->nEditType);
     EXPECT_EQ(3, pBegin->row);
     EXPECT_EQ(2, pBegin->col);
+    EXPECT_EQ(Cell(3, 2), m_grid.GetEditCell());
 }
 
 TEST_F(CGridInputTest, ADragPastTheBottomScrollsAndSelectsUntilTheButtonIsReleased)

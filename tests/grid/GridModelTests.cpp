@@ -79,6 +79,16 @@ TEST(GridModelTest, TextsAreStoredUpToTheirLimitAndRowsStayEmptyUntilWritten)
     EXPECT_TRUE(host.m_grid.SetItemData(3, 1, 5));
     EXPECT_EQ(5u, host.m_grid.GetItemData(3, 1));
     EXPECT_EQ(0xFFFFFFFFu, host.m_grid.GetItemData(3, 2));
+
+    // A deleted row's record and text slots are reused: the next row written starts empty, and
+    // the row below keeps its values.
+    ASSERT_TRUE(host.m_grid.SetText(2, 2, "gone", true));
+    ASSERT_TRUE(host.m_grid.DeleteRow(2, true));
+    ASSERT_EQ(2, host.m_grid.InsertRow(2, true));
+    ASSERT_TRUE(host.m_grid.SetText(2, 1, "new", true));
+    EXPECT_STREQ("new", host.m_grid.GetText(2, 1));
+    EXPECT_STREQ("", host.m_grid.GetText(2, 2));
+    EXPECT_EQ(5u, host.m_grid.GetItemData(3, 1));
 }
 
 TEST(GridModelTest, StylesThatTheGridDoesNotAllowResetTheWholeStyle)

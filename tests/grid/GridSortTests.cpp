@@ -1,5 +1,6 @@
 #include "tests/grid/GridHost.h"
 
+#include <climits>
 #include <random>
 
 namespace
@@ -150,7 +151,7 @@ TEST(GridSortTest, TheFastPathOrdersAsTheHeapSortWithTheComparators)
     const char* words[] = {"red", "Red", "RED", "a_b", "aB", "ab_", "magenta", "MAGENTA-x", "magentas",
                            "longer text here", "longer TEXT", "", "_", "!", "zz", "Zz9"};
     const int nRows = 400, nCols = 4;
-    for (int nRound = 0; nRound < 12; ++nRound)
+    for (int nRound = 0; nRound < 18; ++nRound)
     {
         CGridHost host;
         ASSERT_TRUE(host.Create(nRows, nCols, nRound % 2, 0));
@@ -167,6 +168,19 @@ TEST(GridSortTest, TheFastPathOrdersAsTheHeapSortWithTheComparators)
         std::vector<GridSortCol> keys;
         for (int k = 0, nKeys = 1 + pick(3); k < nKeys; ++k)
             keys.push_back(GridSortCol(pick(nCols), static_cast<short>(pick(6))));
+        // Every third grid sorts first by a column of distinct values, so that no rows tie; in
+        // every sixth two of them lie so far apart that the numbers' difference wraps.
+        if (nRound % 3 == 2)
+            for (int row = host.m_grid.GetFirstDataRow(); row < nRows; ++row)
+            {
+                int nValue = row * 7919 % 1000003 - 500000;
+                if (nRound % 6 == 5 && row < 2)
+                    nValue = row == 0 ? INT_MAX : -2;
+                std::string text = std::to_string(nValue);
+                if (keys[0].nSortType < 2)
+                    text = (pick(2) != 0 ? "Same Long Prefix " : "same long PREFIX ") + text;
+                host.m_grid.SetText(row, keys[0].nCol, text.c_str(), true);
+            }
         std::vector<DWORD_PTR> expected = Records(host.m_grid);
         CGridList::CSortContext context = {keys.data(), static_cast<INT_PTR>(keys.size())};
         HeapSort(reinterpret_cast<CGridList::CItemData**>(expected.data()), static_cast<unsigned>(expected.size()),

@@ -18,6 +18,7 @@
 #include "grid/GridInPlaceEdit.h"
 #include "grid/GridTypes.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -696,10 +697,9 @@ protected:
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
-    // Runs change(), a change of the list view's count or columns, without the list view
-    // drawing its scroll bars now.
-    template <class F>
-    void ChangeListQuietly(F change);
+    // Runs change(), a change of the list view's count, columns or scroll position, without the
+    // list view drawing its scroll bars now.
+    void ChangeListQuietly(const std::function<void()>& change);
     // The style messages, kept from the list view while ChangeListQuietly hides it.
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();

@@ -170,9 +170,12 @@ BOOL CGridList::EnsureVisible(int row, int col)
         col = GetFirstDataCol();
 
     int nTop = GetTopIndex();
-    CListCtrl::EnsureVisible(row, FALSE);
+    // Scrolled quietly, the list view neither blits its rows nor draws its scroll bar at once
+    // (which is what a jump costs most): the rows are painted afresh with the next paint.
+    ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); });
     if (GetTopIndex() != nTop)
     {
+        Invalidate(FALSE);
         SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
         SendScrollMsg(1, SB_ENDSCROLL, 0);
     }

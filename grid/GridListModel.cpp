@@ -213,8 +213,7 @@ void CGridList::CreateEditors()
     }
 }
 
-template <class F>
-void CGridList::ChangeListQuietly(F change)
+void CGridList::ChangeListQuietly(const std::function<void()>& change)
 {
     // The list view redraws its scroll bars at once whenever its count or columns change, which
     // costs more than anything else an insert or delete does. While the window is marked

@@ -66,7 +66,11 @@ void CGridList::KeyboardFind(UINT nChar)
     {
         if (StartsWithNoCase(GetText(row, col), m_szFindBuffer, m_nFindBufferLen))
         {
-            SetCurSel(row, IsStyleList() ? GetFirstDataCol() : col, true);
+            // Typing on while the row still matches changes nothing: no notifications then.
+            const Cell found(row, IsStyleList() ? GetFirstDataCol() : col);
+            if (found != m_CaretCell || GetSelectedCount() != (IsNoSelection() ? 0 : 1) ||
+                (!IsNoSelection() && !IsSelectedCell(found, true)))
+                SetCurSel(found.row, found.col, true);
             return;
         }
         if (++row == m_nRows)

@@ -169,11 +169,17 @@ BOOL CGridList::EnsureVisible(int row, int col)
     if (IsFullRowSelectGrid())
         col = GetFirstDataCol();
 
-    int nTop = GetTopIndex();
-    // Scrolled quietly, the list view neither blits its rows nor draws its scroll bar at once
-    // (which is what a jump costs most): the rows are painted afresh with the next paint.
-    ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); });
-    if (GetTopIndex() != nTop)
+    const int nTop = GetTopIndex();
+    // A row in the page needs nothing of the list view. Otherwise it scrolls quietly, neither
+    // blitting its rows nor drawing its scroll bar at once (what a jump costs most): the rows
+    // are painted afresh with the next paint.
+    bool bScrolled = false;
+    if (row < nTop || row >= nTop + GetCountPerPage())
+    {
+        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); });
+        bScrolled = GetTopIndex() != nTop;
+    }
+    if (bScrolled)
     {
         Invalidate(FALSE);
         SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));

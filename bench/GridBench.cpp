@@ -320,8 +320,9 @@ bool CGridBench::FindDialog(FILE* pOut)
     CGridFind* pDlg = m_grid.GetFindDlg();
     pDlg->SetDlgItemText(IDC_GRIDFIND_TEXT, strFind);
     PumpMessages();
+    const HWND hFindNext = pDlg->GetDlgItem(IDOK)->GetSafeHwnd();
     const double dStart = Now();
-    pDlg->SendMessage(WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(pDlg->GetDlgItem(IDOK)->GetSafeHwnd()));
+    pDlg->SendMessage(WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(hFindNext));
     const double dFind = Now() - dStart;
     pDlg->DestroyWindow();
     if (m_grid.GetRow() != m_nRows - 1)

@@ -139,8 +139,9 @@ BOOL CGridList::FindNext(CGridFind* pDlg)
         {
             // Row by row from the cell after the caret; the caret cell itself comes last.
             const long long nCells = static_cast<long long>(m_nRows) * m_nCols;
-            const long long nCaret =
-                IsValidCell(m_CaretCell.row, m_CaretCell.col) ? static_cast<long long>(m_CaretCell.row) * m_nCols + m_CaretCell.col : -1;
+            const long long nCaret = IsValidCell(m_CaretCell.row, m_CaretCell.col)
+                                         ? static_cast<long long>(m_CaretCell.row) * m_nCols + m_CaretCell.col
+                                         : -1;
             for (long long i = 1; i <= nCells && found.row < 0; ++i)
             {
                 const long long nCell = (nCaret + i) % nCells;

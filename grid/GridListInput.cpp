@@ -408,8 +408,8 @@ BOOL CGridList::PreTranslateMessage(MSG* pMsg)
 {
     // The grid's keys are its own: a dialog holding it must not take Tab, Enter or the arrows
     // for its navigation. Escape and the system keys still reach the dialog.
-    if (pMsg->hwnd == m_hWnd && (pMsg->message == WM_KEYDOWN || pMsg->message == WM_KEYUP || pMsg->message == WM_CHAR) &&
-        pMsg->wParam != VK_ESCAPE)
+    const UINT nMsg = pMsg->message;
+    if (pMsg->hwnd == m_hWnd && (nMsg == WM_KEYDOWN || nMsg == WM_KEYUP || nMsg == WM_CHAR) && pMsg->wParam != VK_ESCAPE)
     {
         ::TranslateMessage(pMsg);
         ::DispatchMessageA(pMsg);

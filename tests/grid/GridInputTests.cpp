@@ -52,7 +52,8 @@ protected:
     {
         std::vector<CMessageSequence::CMessage> expected;
         for (UINT nCode : codes)
-            expected.push_back({"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, nCode});
+            expected.push_back(
+                {"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, nCode});
         return m_sequence.Check(expected.data(), expected.size());
     }
 
@@ -120,6 +121,48 @@ TEST_F(CGridInputTest, ADragPastTheBottomScrollsAndSelectsUntilTheButtonIsReleas
     const int nTopAtRelease = m_grid.GetTopIndex();
     CInput::PumpMessages(200);
     EXPECT_EQ(nTopAtRelease, m_grid.GetTopIndex());
+}
+
+TEST_F(CGridInputTest, KeysMoveTheCaretExtendOrKeepTheSelectionAndF3F8GoToTheGridWindow)
+{
+    m_grid.SetCurSel(5, 2, false);
+    const int nPage = m_grid.GetCountPerPage();
+    struct
+    {
+        UINT nKey;
+        UINT fModifiers;
+        Cell caret;
+        int nSelected;
+    } cases[] = {
+        {VK_DOWN, 0, Cell(6, 2), 1},
+        {VK_DOWN, CInput::SHIFT, Cell(7, 2), 2}, // from the anchor
+        {VK_DOWN, CInput::CTRL, Cell(8, 2), 2},  // the caret alone
+        {VK_RIGHT, 0, Cell(8, 3), 1},
+        {VK_RIGHT, 0, Cell(8, 3), 1}, // the last column
+        {VK_HOME, 0, Cell(8, 1), 1},
+        {VK_END, CInput::CTRL, Cell(99, 1), 1},
+        {VK_HOME, CInput::CTRL, Cell(1, 1), 1},
+        {VK_UP, 0, Cell(1, 1), 1}, // the header row is not reached
+        {VK_NEXT, 0, Cell(1 + nPage, 1), 1},
+        {VK_END, 0, Cell(1 + nPage, 3), 1},
+    };
+    for (const auto& c : cases)
+    {
+        CInput::PressKey(m_hGrid, c.nKey, c.fModifiers);
+        EXPECT_EQ(c.caret, m_grid.GetCaretCell()) << c.nKey << " " << c.fModifiers;
+        EXPECT_EQ(c.nSelected, m_grid.GetSelectedCount()) << c.nKey << " " << c.fModifiers;
+    }
+
+    m_sequence.Watch(m_host.m_wndGrid.GetSafeHwnd(), "grid window");
+    m_sequence.Clear();
+    CInput::PressKey(m_hGrid, VK_F3);
+    CInput::PressKey(m_hGrid, VK_F8);
+    EXPECT_TRUE(m_sequence.Check({
+        {"host", WM_NOTIFY, SEQ_SENT | SEQ_LPARAM, 0, NM_KEYDOWN},
+        {"grid window", GM_FINDDIALOG, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, 0, 0},
+        {"host", WM_NOTIFY, SEQ_SENT | SEQ_LPARAM, 0, NM_KEYDOWN},
+        {"grid window", GM_KEYF8, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, 0, 0},
+    }));
 }
 
 TEST_F(CGridInputTest, TheWheelScrollsLinesButNeverAWholePage)
@@ -308,7 +351,8 @@ TEST_F(CGridInputTest, TheFindDialogSearchesRowsColumnsAndCellsAndSaysWhenNothin
         ::CheckRadioButton(hDlg, IDC_GRIDFIND_FULLROW, IDC_GRIDFIND_COLUMN, c.nScope);
         ::SendMessage(hColumns, CB_SETCURSEL, c.nColumnEntry, 0);
         ::SetDlgItemTextA(hDlg, IDC_GRIDFIND_TEXT, c.pszFind);
-        ::SendMessage(hDlg, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(::GetDlgItem(hDlg, IDOK)));
+        const HWND hFindNext = ::GetDlgItem(hDlg, IDOK);
+        ::SendMessage(hDlg, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(hFindNext));
         const std::vector<CImportRecorder::CMessageBoxCall>& boxes = CImportRecorder::Get().GetRecords().m_messageBoxes;
         if (c.found == Cell())
         {

@@ -1,6 +1,7 @@
 #include "bench/GridBench.h"
 
 #include "bench/GridWorkload.h"
+#include "grid/GridFind.h"
 
 #include <psapi.h>
 
@@ -62,6 +63,13 @@ bool CGridBench::Run(FILE* pOut)
     ReportMemory(pOut);
     PumpMessages();
     if (!SizeForPaint() || !Paint(pOut) || !InsertDelete(pOut))
+        return false;
+    // Both before the sorts, while the rows are in the workload's order.
+    const int nLast = m_nRows - 1;
+    char szLast[CGridWorkload::MAX_CELL_LEN + 1];
+    CGridWorkload::FormatCell(nLast, 0, szLast);
+    if ((m_nRows > 7654 && !KeyboardFind(pOut, "Item 7654", 7654, "kbfind_7654_ms")) ||
+        !KeyboardFind(pOut, szLast, nLast, "kbfind_last_ms") || !FindDialog(pOut))
         return false;
     // Sort 1: column 1 as numbers, ascending. Sort 2: column 5 as text ascending, then
     // column 1 as numbers descending. Both start from the workload's order.
@@ -272,6 +280,60 @@ bool CGridBench::Sort(FILE* pOut, GridSortCol* pKeys, int nKeys, const char* psz
         }
     }
     fprintf(pOut, "%s %.6f\n", pszName, dSort);
+    return true;
+}
+
+bool CGridBench::KeyboardFind(FILE* pOut, const char* pszText, int nRow, const char* pszName)
+{
+    m_grid.ModifyStyle(0, CGridList::GS_KEYBOARDFIND);
+    m_grid.SetCurSel(0, 0, true);
+    m_grid.SendMessage(WM_CHAR, VK_ESCAPE, 0); // a new search
+    PumpMessages();
+    const double dStart = Now();
+    for (const char* p = pszText; *p != '\0'; ++p)
+        m_grid.SendMessage(WM_CHAR, static_cast<BYTE>(*p), 0);
+    const double dFind = Now() - dStart;
+    PumpMessages();
+    if (m_grid.GetRow() != nRow)
+    {
+        fprintf(stderr, "grid_bench: %s: typing \"%s\" ended on row %d, not %d\n", pszName, pszText, m_grid.GetRow(),
+                nRow);
+        return false;
+    }
+    fprintf(pOut, "%s %.4f\n", pszName, dFind * 1000.0);
+    return true;
+}
+
+bool CGridBench::FindDialog(FILE* pOut)
+{
+    // Two terms that meet only in the last row: its name and its column 1.
+    char szName[CGridWorkload::MAX_CELL_LEN + 1];
+    char szNumber[CGridWorkload::MAX_CELL_LEN + 1];
+    CGridWorkload::FormatCell(m_nRows - 1, 0, szName);
+    CGridWorkload::FormatCell(m_nRows - 1, 1, szNumber);
+    CString strFind;
+    strFind.Format("\"%s\" AND %s", szName, szNumber);
+    m_grid.SetCurSel(0, 0, true);
+    CStringArray arNames;
+    if (!m_grid.ShowFindDlg(arNames) || m_grid.GetFindDlg() == NULL)
+    {
+        fprintf(stderr, "grid_bench: the find dialog did not open\n");
+        return false;
+    }
+    CGridFind* pDlg = m_grid.GetFindDlg();
+    pDlg->SetDlgItemText(IDC_GRIDFIND_TEXT, strFind);
+    PumpMessages();
+    const HWND hFindNext = pDlg->GetDlgItem(IDOK)->GetSafeHwnd();
+    const double dStart = Now();
+    pDlg->SendMessage(WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(hFindNext));
+    const double dFind = Now() - dStart;
+    pDlg->DestroyWindow();
+    if (m_grid.GetRow() != m_nRows - 1)
+    {
+        fprintf(stderr, "grid_bench: the find dialog found row %d, not the last\n", m_grid.GetRow());
+        return false;
+    }
+    fprintf(pOut, "finddlg_fullrow_s %.6f\n", dFind);
     return true;
 }
 

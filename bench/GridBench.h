@@ -1,7 +1,8 @@
 // CGridBench: one set of measurements of CGridList loaded with the shared grid workload, in
-// this process: fill, memory after the fill, paint, row insert and delete at the top, and the
-// two sorts; then, in a grid window loaded likewise, a header click to a sorted and repainted
-// grid and one step of a divider drag. The process must be fresh, because the peak working set only grows.
+// this process: fill, memory after the fill, paint, row insert and delete at the top,
+// type-ahead, the find dialog's search and the two sorts; then, in a grid window loaded
+// likewise, a header click to a sorted and repainted grid and one step of a divider drag. The
+// process must be fresh, because the peak working set only grows.
 //
 // Each figure is printed as one line "name value" for the runner (grid_bench.cpp), which takes
 // the median over several processes. A check that fails (a wrong sort order, a grid that
@@ -51,6 +52,10 @@ private:
     bool Paint(FILE* pOut);
     bool InsertDelete(FILE* pOut);
     bool Sort(FILE* pOut, GridSortCol* pKeys, int nKeys, const char* pszName);
+    // Type-ahead of the text from row 0, typed as characters; it must end on nRow.
+    bool KeyboardFind(FILE* pOut, const char* pszText, int nRow, const char* pszName);
+    // The find dialog's Full Row search from row 0 for an expression only the last row matches.
+    bool FindDialog(FILE* pOut);
     // Puts the rows back in the workload's order, so that each sort starts from it.
     bool RestoreWorkloadOrder();
     // The workload row that ended at nRow, read back from its first cell ("Item r").

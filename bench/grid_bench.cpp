@@ -44,6 +44,9 @@ const struct CFigure
     {"paint_ms", "paint, full 1024x768 [ms]", 5, false},
     {"insert_ms", "row insert at top [ms]", 2, false},
     {"delete_ms", "row delete at top [ms]", 2, false},
+    {"kbfind_7654_ms", "type-ahead \"Item 7654\" from row 0 [ms]", 1, false},
+    {"kbfind_last_ms", "type-ahead to the last row from row 0 [ms]", 50, true},
+    {"finddlg_fullrow_s", "find dialog, Full Row AND, last row [s]", 1.5, true},
     {"hdrclick_s", "header click to sorted grid [s]", 0.4, true},
     {"divdrag_ms", "divider drag step [ms]", 10, false},
 };

@@ -11,6 +11,8 @@ BEGIN_MESSAGE_MAP(CGridFrame, CWnd)
 ON_WM_SIZE()
 ON_WM_SETFOCUS()
 ON_MESSAGE(GM_COLUMNWIDTHCHANGED, OnColumnWidthChanged)
+ON_MESSAGE(GM_FINDDIALOG, OnFindDialog)
+ON_MESSAGE(GM_KEYF8, OnKeyF8)
 END_MESSAGE_MAP()
 
 namespace
@@ -198,6 +200,21 @@ BOOL CGridFrame::SetColumnSortClass(int col, short nSortClass)
 
 // ---------------------------------------------------------------------------------------------
 // Widths in step and notifications
+
+LRESULT CGridFrame::OnFindDialog(WPARAM, LPARAM)
+{
+    CGridList* pList = GetGridList();
+    CStringArray arColumnNames;
+    for (int col = 0; col < pList->GetColCount(); ++col)
+        arColumnNames.Add(GetColumnTitle(col));
+    pList->ShowFindDlg(arColumnNames);
+    return 0;
+}
+
+LRESULT CGridFrame::OnKeyF8(WPARAM wParam, LPARAM lParam)
+{
+    return GetParent()->GetSafeHwnd() != NULL ? GetParent()->SendMessage(GM_KEYF8, wParam, lParam) : 0;
+}
 
 LRESULT CGridFrame::OnColumnWidthChanged(WPARAM wParam, LPARAM lParam)
 {

@@ -14,6 +14,9 @@
 //     id as the source, and returns the parent's reply to the child: so a host sees the header's
 //     HDN_ codes and may veto a divider drag as it would the header's own. The grid's own codes
 //     (GN_) already reach the parent that way from the list.
+//   - opens the list's find dialog, with the titles as column names, when the list asks for it
+//     (F3: GM_FINDDIALOG), and passes F8 (GM_KEYF8) on to its parent for the host to give a
+//     meaning;
 //   - prints a paginated rendering of the header and the cells onto a device context;
 //   - exports the cells as tab-separated text or CSV, to a file or the clipboard.
 #pragma once
@@ -109,6 +112,8 @@ protected:
     afx_msg void OnSize(UINT nType, int cx, int cy);
     afx_msg void OnSetFocus(CWnd* pOldWnd);
     afx_msg LRESULT OnColumnWidthChanged(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnFindDialog(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnKeyF8(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
 private:

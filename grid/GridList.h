@@ -12,11 +12,13 @@
 
 #include <afxwin.h>
 #include <afxcmn.h>
+#include <afxcoll.h>
 #include <afxtempl.h>
 
 #include "grid/GridInPlaceEdit.h"
 #include "grid/GridTypes.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -32,6 +34,10 @@
 // Sent by the list to its parent, the grid window, after LVM_SETCOLUMNWIDTH changed a column:
 // wParam the column, lParam its new width. The grid window keeps its header in step with it.
 #define GM_COLUMNWIDTHCHANGED (WM_USER + 21)
+// Messages the grid sends its grid window (its parent), both with zero arguments: F3 asks for
+// the find dialog, F8 is passed on for the grid window to give a meaning.
+#define GM_FINDDIALOG (WM_USER + 11) // 1035
+#define GM_KEYF8 (WM_USER + 10)      // 1034
 
 // GN_CCPMENU: 1 allows an item, 0 forbids it. A non-zero result makes the grid read the three
 // values back as the host left them.
@@ -132,6 +138,8 @@ static_assert(sizeof(NMGRIDCARETCHANGE) == 40, "the caret-change record is 40 by
 static_assert(sizeof(NMGRIDCCP) == 24, "action and source after the header");
 static_assert(sizeof(NMGRIDCELL) == 20, "one cell after the header");
 #endif
+
+class CGridFind;
 
 class AFX_EXT_CLASS CGridList : public CListCtrl
 {
@@ -532,6 +540,51 @@ public:
     BOOL DeleteScrollWnd(HWND hWnd);
     BOOL SendScrollMsg(int nBar, UINT nSBCode, UINT nPos);
 
+    // ---- Input and find ------------------------------------------------------------------
+    // What starts an in-place edit (one bit each) and the editor it starts.
+    enum
+    {
+        GET_CLICK = 1,   // a second click on the caret cell, once the double-click time passed
+        GET_CHAR = 2,    // a printable character typed
+        GET_DBLCLK = 4,  // a double click on the caret cell
+        GET_RETURN = 8,  // Enter
+        GET_INSERT = 16, // Insert
+    };
+    enum
+    {
+        GES_NONE = -1,
+        GES_EDIT = 0,
+        GES_COMBO = 1,
+    };
+    // One trigger bit at a time; FALSE for anything else.
+    BOOL SetGridEditStyle(DWORD dwTrigger, int nStyle);
+    // GES_NONE for a trigger never set; GetGridEditStyles only knows the five GET_ bits.
+    int GetGridEditStyle(DWORD dwTrigger) const;
+    int GetGridEditStyles(DWORD dwTrigger) const;
+
+    // The cell under a client point; FALSE (and an invalid cell) for none.
+    BOOL HitTest(CPoint point, Cell& cell);
+    // As the list view answers it, with iSubItem the grid column; -1 for no row.
+    int HitTest(LVHITTESTINFO* pInfo);
+    // The data cell nearest to a client point, for points outside the cells too.
+    BOOL FindClosestCell(const CPoint& point, int& row, int& col);
+
+    // Type-ahead: a character of the search text. Keys more than a second apart start a new
+    // search from the row after the caret; the header row is searched like any other.
+    void KeyboardFind(UINT nChar);
+    // Ignored for columns the grid does not have.
+    void SetKeyboardFindColumn(int col);
+    int GetKeyboardFindColumn() const { return m_nKeyboardFindCol; }
+
+    // Opens the find dialog over the grid, closing one another grid has open: the process has
+    // only one. FALSE when this grid's dialog was already open (it gets the focus).
+    BOOL ShowFindDlg(CStringArray& arColumnNames);
+    CGridFind* GetFindDlg() const { return m_pFindDlg; }
+
+    // Lines to scroll per wheel notch, as the system is set (3 when it says nothing).
+    static int GetNumScrollLines();
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
     // ---- In-place editing ----------------------------------------------------------------
     // An edit opens on a data cell of a shown grid in the edit box (style 0), a host's own edit
     // window put into the begin-edit record, or the combo box (style 1), which opens with its
@@ -649,10 +702,9 @@ protected:
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
-    // Runs change(), a change of the list view's count or columns, without the list view
-    // drawing its scroll bars now.
-    template <class F>
-    void ChangeListQuietly(F change);
+    // Runs change(), a change of the list view's count, columns or scroll position, without the
+    // list view drawing its scroll bars now.
+    void ChangeListQuietly(const std::function<void()>& change);
     // The style messages, kept from the list view while ChangeListQuietly hides it.
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
@@ -661,6 +713,46 @@ protected:
     void RemeasureRows();
 
     afx_msg void OnDestroy();
+
+    // ---- Input and find ------------------------------------------------------------------
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnRButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnMButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnTimer(UINT_PTR nIDEvent);
+    afx_msg void OnSetFocus(CWnd* pOldWnd);
+    afx_msg void OnKillFocus(CWnd* pNewWnd);
+    afx_msg void OnCaptureChanged(CWnd* pWnd);
+    afx_msg UINT OnGetDlgCode();
+    afx_msg LRESULT OnFindReplaceMessage(WPARAM wParam, LPARAM lParam);
+
+    // The scroll amount, in rows, of a wheel turn (notches of WHEEL_DELTA) for a page of nPage
+    // rows and nLines lines per notch.
+    static int GetWheelScrollRows(int nNotches, int nLines, int nPage);
+    // Starts editing the caret cell for the trigger when its style is an editor; 0 when it started.
+    int BeginTriggerEdit(DWORD dwTrigger, UINT nChar);
+    void KillClickEditTimer();
+    // The platform's simple beep: a refused key, a type-ahead that found nothing.
+    static void SimpleBeep();
+    // The drag selection's step towards a client point, scrolling when it lies past an edge.
+    void DragSelectTo(CPoint point);
+    void StopDragTimer();
+    // Ctrl+C, Ctrl+X, Ctrl+V: the key's action (1 copy, 2 cut, 3 paste) after the host's say.
+    void OnCCPKey(int nAction);
+    // Moves the focus to the next (previous) tab stop of the dialog holding the grid window.
+    void TabOut(bool bPrevious);
+    // The find dialog's search from the caret onwards; FALSE when nothing matched.
+    BOOL FindNext(CGridFind* pDlg);
+    // Called by the find dialog as its window goes.
+    void OnFindDlgGone(CGridFind* pDlg);
+    friend class CGridFind;
 
     // ---- In-place editing
     afx_msg void OnEditKillFocus();
@@ -756,6 +848,32 @@ protected:
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;
     std::unique_ptr<CTextPool> m_pTextPool;
+
+    // ---- Input and find ------------------------------------------------------------------
+    Cell m_DownCell;                // where the left button went down
+    BOOL m_bDownMovedCaret = FALSE; // that press moved the caret while edit icons show on focus only
+    Cell m_CtrlDownCell;            // where a control-click went down
+    BYTE m_bCapture = FALSE;
+    BYTE m_bCCPMenuArmed = FALSE; // the right-button press prepared the context menu
+    Cell m_LastDragCell;
+    CPoint m_ptLastDrag = CPoint(-32768, -32768);
+    UINT_PTR m_nDragTimer = 0;
+    // The click edit waiting for the double-click time to pass.
+    UINT_PTR m_nClickEditTimer = 0;
+    Cell m_ClickEditCell;
+    int m_nClickEditStyle = GES_NONE;
+    DWORD m_dwClickEditTrigger = 0;
+    UINT m_nClickEditChar = static_cast<UINT>(-1);
+    std::vector<int> m_arEditStyles; // by trigger bit position; missing slots are GES_NONE
+    char m_szFindBuffer[301] = {};
+    int m_nFindBufferLen = 0;
+    int m_nKeyboardFindCol = 0;
+    CGridFind* m_pFindDlg = NULL;
+    CString m_strLastFind;
+    // The process-wide type-ahead clock and find dialog.
+    static DWORD m_stdwLastFindKey;
+    static HWND m_sthFindDlg;
+
     // The row records, and their text-slot arrays (a slot per column).
     std::unique_ptr<CBlockPool> m_pRecordPool;
     std::unique_ptr<CBlockPool> m_pSlotPool;

@@ -178,10 +178,19 @@ BOOL CGridList::EnsureVisible(int row, int col)
     if (IsFullRowSelectGrid())
         col = GetFirstDataCol();
 
-    int nTop = GetTopIndex();
-    CListCtrl::EnsureVisible(row, FALSE);
-    if (GetTopIndex() != nTop)
+    const int nTop = GetTopIndex();
+    // A row in the page needs nothing of the list view. Otherwise it scrolls quietly, neither
+    // blitting its rows nor drawing its scroll bar at once (what a jump costs most): the rows
+    // are painted afresh with the next paint.
+    bool bScrolled = false;
+    if (row < nTop || row >= nTop + GetCountPerPage())
     {
+        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); });
+        bScrolled = GetTopIndex() != nTop;
+    }
+    if (bScrolled)
+    {
+        Invalidate(FALSE);
         SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
         SendScrollMsg(1, SB_ENDSCROLL, 0);
     }

@@ -1,6 +1,8 @@
 // CGridList: creation, shape, rows, cell content and text formats.
 #include "grid/GridList.h"
 
+#include "grid/GridFind.h"
+
 #include <algorithm>
 #include <new>
 
@@ -27,6 +29,24 @@ ON_CBN_SELENDOK(IDC_GRIDCOMBO, OnComboSelEndOk)
 ON_CBN_SELENDCANCEL(IDC_GRIDCOMBO, OnComboSelEndCancel)
 ON_CBN_KILLFOCUS(IDC_GRIDCOMBO, OnComboKillFocus)
 ON_MESSAGE(GM_CUSTOMEDITKILLFOCUS, OnProcessCustomEditKillFocus)
+// Input and find
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_RBUTTONDOWN()
+ON_WM_RBUTTONUP()
+ON_WM_MBUTTONDOWN()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSEWHEEL()
+ON_WM_KEYDOWN()
+ON_WM_KEYUP()
+ON_WM_CHAR()
+ON_WM_TIMER()
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_CAPTURECHANGED()
+ON_WM_GETDLGCODE()
+ON_REGISTERED_MESSAGE(CFindReplaceDialog::m_nFindReplaceMsg, OnFindReplaceMessage)
 END_MESSAGE_MAP()
 
 namespace
@@ -123,6 +143,11 @@ void CGridList::OnDestroy()
     // The editors are children: their objects must not keep the destroyed handles.
     m_wndCombo.DestroyWindow();
     m_wndEdit.DestroyWindow();
+    // The find dialog belongs to the top-level window, which outlives the grid.
+    if (m_pFindDlg != NULL)
+        m_pFindDlg->DestroyWindow();
+    KillClickEditTimer();
+    StopDragTimer();
     CListCtrl::OnDestroy();
 }
 
@@ -188,8 +213,7 @@ void CGridList::CreateEditors()
     }
 }
 
-template <class F>
-void CGridList::ChangeListQuietly(F change)
+void CGridList::ChangeListQuietly(const std::function<void()>& change)
 {
     // The list view redraws its scroll bars at once whenever its count or columns change, which
     // costs more than anything else an insert or delete does. While the window is marked

@@ -4,6 +4,8 @@
 
 #include "KelControls.h"
 #include "capture/WindowImage.h"
+#include "frame/KelControlsRes.h"
+#include "grid/GridFind.h"
 #include "tests/harness/Input.h"
 #include "tests/harness/NotifyRecorder.h"
 
@@ -162,6 +164,27 @@ TEST_F(CGridFrameTest, WidthsInStepBothWaysAndTheHostMayVetoADrag)
 
 // Pages of a 300 by 200 memory bitmap: the header on each, the rows shared out, the printing
 // flags set only while drawing.
+// F3 on the list opens its find dialog with the titles as column names; F8 goes to the host.
+TEST_F(CGridFrameTest, F3OpensTheFindDialogWithTheTitlesAndF8ReachesTheHost)
+{
+    CreateGrid(3, 2);
+    m_grid.SetColumnTitle(0, "Cue");
+    m_grid.SetColumnTitle(1, "Level");
+    m_host.RecordMessage(GM_KEYF8);
+    CInput::PressKey(m_grid.GetList(), VK_F8);
+    ASSERT_EQ(1u, m_host.GetMessages().size());
+    EXPECT_EQ(static_cast<UINT>(GM_KEYF8), m_host.GetMessages()[0].m_uMsg);
+
+    CInput::PressKey(m_grid.GetList(), VK_F3);
+    CGridFind* pDlg = m_grid.GetList().GetFindDlg();
+    ASSERT_NE(nullptr, pDlg);
+    const HWND hColumns = ::GetDlgItem(pDlg->GetSafeHwnd(), IDC_GRIDFIND_COLUMNS);
+    char szName[16] = "";
+    ::SendMessageA(hColumns, CB_GETLBTEXT, 1, reinterpret_cast<LPARAM>(szName));
+    EXPECT_STREQ("Level", szName);
+    pDlg->DestroyWindow();
+}
+
 TEST_F(CGridFrameTest, PrintsPagesWithTheHeaderOnEach)
 {
     CreateGrid(30, 3);

@@ -67,6 +67,12 @@ struct CStandIns
         return CImportRecorder::Get().AnswerPopupMenu(hMenu, uFlags, x, y, hWnd);
     }
 
+    static BOOL WINAPI MessageBeep(UINT uType)
+    {
+        CImportRecorder::Get().m_records.m_beeps.push_back(uType);
+        return TRUE;
+    }
+
     static BOOL WINAPI GetDiskFreeSpaceA(LPCSTR pszRoot, LPDWORD pSectorsPerCluster, LPDWORD pBytesPerSector,
                                          LPDWORD pFreeClusters, LPDWORD pTotalClusters)
     {
@@ -107,6 +113,7 @@ const CHook* FindHook(LPCSTR pszDll, LPCSTR pszFunction)
     static const CHook s_hooks[] = {
         KEL_HOOK("user32.dll", MessageBoxA),
         KEL_HOOK("user32.dll", TrackPopupMenu),
+        KEL_HOOK("user32.dll", MessageBeep),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceExA),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceA),
         KEL_HOOK("kernel32.dll", ExitProcess),

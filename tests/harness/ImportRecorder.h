@@ -13,6 +13,7 @@
 //            is the next queued one, or 0 (menu dismissed). As the real menu does, the owner
 //            first gets WM_INITMENUPOPUP (unless TPM_NONOTIFY); the command is returned with
 //            TPM_RETURNCMD, else posted to the owner as WM_COMMAND.
+//            MessageBeep: the sound type is recorded, nothing sounds.
 //   KERNEL32 GetDiskFreeSpaceExA, GetDiskFreeSpaceA: recorded; the answer is the next queued
 //            one, or the default (a formatted 1.44 MB diskette, 1,457,664 bytes, all free).
 //            The old call reports 512-byte sectors, one per cluster.
@@ -84,6 +85,7 @@ public:
         std::vector<CMessageBoxCall> m_messageBoxes;
         std::vector<CDiskFreeSpaceCall> m_diskFreeSpaceCalls;
         std::vector<CPopupMenuCall> m_popupMenus;
+        std::vector<UINT> m_beeps; // MessageBeep's types
         std::vector<UINT> m_exitCodes;
     };
 

@@ -15,7 +15,7 @@
 //     HDN_ codes and may veto a divider drag as it would the header's own. The grid's own codes
 //     (GN_) already reach the parent that way from the list.
 //   - opens the list's find dialog, with the titles as column names, when the list asks for it
-//     (F3: GM_FINDDIALOG), and passes F8 (GM_KEYF8) on to its parent for the host to give a
+//     (F3 or Ctrl+F: GM_FINDDIALOG), and passes F8 (GM_KEYF8) on to its parent for the host to give a
 //     meaning;
 //   - prints a paginated rendering of the header and the cells onto a device context;
 //   - exports the cells as tab-separated text or CSV, to a file or the clipboard.

@@ -34,8 +34,8 @@
 // Sent by the list to its parent, the grid window, after LVM_SETCOLUMNWIDTH changed a column:
 // wParam the column, lParam its new width. The grid window keeps its header in step with it.
 #define GM_COLUMNWIDTHCHANGED (WM_USER + 21)
-// Messages the grid sends its grid window (its parent), both with zero arguments: F3 asks for
-// the find dialog, F8 is passed on for the grid window to give a meaning.
+// Messages the grid sends its grid window (its parent), both with zero arguments: F3 or Ctrl+F
+// asks for the find dialog, F8 is passed on for the grid window to give a meaning.
 #define GM_FINDDIALOG (WM_USER + 11) // 1035
 #define GM_KEYF8 (WM_USER + 10)      // 1034
 

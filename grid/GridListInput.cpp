@@ -445,6 +445,14 @@ void CGridList::OnKeyDown(UINT nChar, UINT, UINT nFlags)
     case VK_F3:
         ::SendMessage(::GetParent(m_hWnd), GM_FINDDIALOG, 0, 0);
         return;
+    case 'F':
+        // Ctrl+F asks for the find dialog as F3 does; the letter alone is left to type-ahead.
+        if (bCtrl)
+        {
+            ::SendMessage(::GetParent(m_hWnd), GM_FINDDIALOG, 0, 0);
+            return;
+        }
+        break;
     case VK_F8:
         ::SendMessage(::GetParent(m_hWnd), GM_KEYF8, 0, 0);
         return;

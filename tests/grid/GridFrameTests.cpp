@@ -164,8 +164,9 @@ TEST_F(CGridFrameTest, WidthsInStepBothWaysAndTheHostMayVetoADrag)
 
 // Pages of a 300 by 200 memory bitmap: the header on each, the rows shared out, the printing
 // flags set only while drawing.
-// F3 on the list opens its find dialog with the titles as column names; F8 goes to the host.
-TEST_F(CGridFrameTest, F3OpensTheFindDialogWithTheTitlesAndF8ReachesTheHost)
+// F3 or Ctrl+F on the list opens its find dialog with the titles as column names; F8 goes to the
+// host.
+TEST_F(CGridFrameTest, F3OrCtrlFOpensTheFindDialogWithTheTitlesAndF8ReachesTheHost)
 {
     CreateGrid(3, 2);
     m_grid.SetColumnTitle(0, "Cue");
@@ -182,6 +183,12 @@ TEST_F(CGridFrameTest, F3OpensTheFindDialogWithTheTitlesAndF8ReachesTheHost)
     char szName[16] = "";
     ::SendMessageA(hColumns, CB_GETLBTEXT, 1, reinterpret_cast<LPARAM>(szName));
     EXPECT_STREQ("Level", szName);
+    pDlg->DestroyWindow();
+    ASSERT_EQ(nullptr, m_grid.GetList().GetFindDlg());
+
+    CInput::PressKey(m_grid.GetList(), 'F', CInput::CTRL);
+    pDlg = m_grid.GetList().GetFindDlg();
+    ASSERT_NE(nullptr, pDlg);
     pDlg->DestroyWindow();
 }
 

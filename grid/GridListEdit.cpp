@@ -90,7 +90,13 @@ BOOL CGridList::BeginWindowEdit(HWND hWndEdit, int row, int col, UINT ch, BOOL b
 {
     if (hWndEdit == NULL || !::IsWindow(hWndEdit) || hWndEdit == m_hWnd)
         return FALSE;
-    if (bInitText)
+    m_hWndEditor = hWndEdit;
+    m_bEditActive = 1;
+    // The text goes in once the window has the cell's size: an edit box scrolls its text to the
+    // caret as wide as it is then, and one still without width would keep the text out of sight.
+    if (!SetupCustomEditWnd(CWnd::FromHandle(hWndEdit), row, col))
+        return FALSE;
+    if (bInitText && m_bEditActive)
     {
         // A typed character replaces the text; without one the whole text is there to be replaced.
         if (ch == kNoChar)
@@ -106,10 +112,6 @@ BOOL CGridList::BeginWindowEdit(HWND hWndEdit, int row, int col, UINT ch, BOOL b
         }
         ::SendMessage(hWndEdit, EM_SCROLLCARET, 0, 0);
     }
-    m_hWndEditor = hWndEdit;
-    m_bEditActive = 1;
-    if (!SetupCustomEditWnd(CWnd::FromHandle(hWndEdit), row, col))
-        return FALSE;
     return m_bEditActive;
 }
 

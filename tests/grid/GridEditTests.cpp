@@ -104,6 +104,24 @@ TEST_F(CGridEditTest, TheTypedCharacterStartsTheTextEnterTakesItEscapeDropsIt)
     EXPECT_EQ(0, m_host.m_parent.GetCount(GN_EDITEND));
 }
 
+// The edit box opened for the first time shows its text: the text was once put in while the box
+// still had no width, which scrolled it out of sight. Inside the border, with the caret hidden,
+// the text (or the highlight of its selection) covers part of the field.
+TEST_F(CGridEditTest, TheOpenedEditBoxShowsItsText)
+{
+    m_grid.SetText(2, 1, "WWWW");
+    ASSERT_EQ(0, m_grid.OnGridEdit_Begin(2, 1, 0, 8, kNoChar));
+    ::HideCaret(Edit());
+    CWindowImage image;
+    ASSERT_TRUE(image.Capture(Edit()));
+    const COLORREF crField = ::GetSysColor(COLOR_WINDOW);
+    int nInk = 0;
+    for (int y = 2; y < image.GetHeight() - 2; ++y)
+        for (int x = 2; x < image.GetWidth() - 2; ++x)
+            nInk += image.GetPixel(x, y) != crField;
+    EXPECT_GT(nInk, 20);
+}
+
 TEST_F(CGridEditTest, TheHostsAnswerToTheEndDecidesTheTextAndWhetherEditingGoesOn)
 {
     struct

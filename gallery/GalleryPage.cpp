@@ -51,3 +51,9 @@ int CGalleryPage::PlaceIntro(CStatic& intro, int cx, int nLines)
     intro.MoveWindow(MARGIN, MARGIN, cx - 2 * MARGIN, nLines * LINE_HEIGHT);
     return MARGIN + nLines * LINE_HEIGHT + 2 * GAP;
 }
+
+LPCTSTR CGalleryPage::EnterSnapshotState(int, HWND* phWndPopup)
+{
+    *phWndPopup = NULL;
+    return NULL;
+}

@@ -15,6 +15,11 @@ public:
     // only see by moving the mouse. The object deletes itself when its window goes, also when
     // creation fails.
     BOOL CreatePage(CWnd* pParentWnd, const RECT& rect, UINT nID, CFont* pFont, BOOL bSnapshot);
+    // Snapshot mode: states of the page beyond the one it opens in, each saved as a picture of its
+    // own. For nState 1, 2... the page takes on that state and returns its name (for the file),
+    // setting *phWndPopup to a window of its own that the state shows over the page, or null; past
+    // the last state it returns to the first and returns null.
+    virtual LPCTSTR EnterSnapshotState(int nState, HWND* phWndPopup);
 
 protected:
     static const int MARGIN = 16;

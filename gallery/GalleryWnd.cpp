@@ -159,14 +159,18 @@ BOOL CGalleryWnd::SelectPage(int nPage)
     return TRUE;
 }
 
-CString CGalleryWnd::GetSnapshotFileName(int nPage)
+CString CGalleryWnd::GetSnapshotFileName(int nPage, int nState, LPCTSTR lpszState)
 {
     CString strName = s_aPages[nPage].lpszName;
+    if (nState > 0)
+        strName = strName + _T('-') + lpszState;
     strName.MakeLower();
     strName.Replace(_T(' '), _T('-'));
-    CString strFileName;
-    strFileName.Format(_T("%02d-%s.png"), nPage + 1, static_cast<LPCTSTR>(strName));
-    return strFileName;
+    CString strNumber;
+    strNumber.Format(_T("%02d"), nPage + 1);
+    if (nState > 0)
+        strNumber += static_cast<TCHAR>(_T('a') + nState);
+    return strNumber + _T('-') + strName + _T(".png");
 }
 
 void CGalleryWnd::PumpPendingMessages()
@@ -190,12 +194,52 @@ void CGalleryWnd::PumpPendingMessages()
     } while (static_cast<LONG>(::GetTickCount() - dwEnd) < 0);
 }
 
-BOOL CGalleryWnd::SaveSnapshot(LPCTSTR lpszPath)
+BOOL CGalleryWnd::SaveSnapshot(LPCTSTR lpszPath, HWND hWndPopup)
 {
     RedrawWindow(NULL, NULL, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    if (hWndPopup != NULL)
+        ::RedrawWindow(hWndPopup, NULL, NULL, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     PumpPendingMessages();
     CWindowImage image;
-    return image.Capture(m_hWnd) && image.SavePng(lpszPath);
+    if (!image.Capture(m_hWnd))
+        return FALSE;
+    if (hWndPopup != NULL)
+    {
+        // A top-level window paints on a surface of its own, which the capture of the main
+        // window does not hold: its client area is copied in, and its caption and frame, which
+        // belong to a window manager that the virtual display lacks, are drawn around it.
+        CWindowImage popup;
+        if (!popup.Capture(hWndPopup))
+            return FALSE;
+        CRect rcWindow, rcClient;
+        ::GetWindowRect(hWndPopup, &rcWindow);
+        ::GetClientRect(hWndPopup, &rcClient);
+        ::ClientToScreen(hWndPopup, &rcClient.TopLeft());
+        ::ClientToScreen(hWndPopup, &rcClient.BottomRight());
+        ScreenToClient(&rcWindow);
+        ScreenToClient(&rcClient);
+        CDC* pDC = CDC::FromHandle(image.GetDC());
+        CRect rcFrame(rcWindow);
+        pDC->DrawEdge(&rcFrame, EDGE_RAISED, BF_RECT | BF_ADJUST);
+        pDC->FillSolidRect(&rcFrame, ::GetSysColor(COLOR_BTNFACE));
+        CRect rcCaption(rcFrame.left, rcFrame.top, rcFrame.right, rcClient.top);
+        ::DrawCaption(hWndPopup, pDC->GetSafeHdc(), &rcCaption, DC_ACTIVE | DC_TEXT | DC_GRADIENT);
+        pDC->BitBlt(rcClient.left, rcClient.top, popup.GetWidth(), popup.GetHeight(), CDC::FromHandle(popup.GetDC()),
+                    0, 0, SRCCOPY);
+    }
+    return image.SavePng(lpszPath);
+}
+
+BOOL CGalleryWnd::SaveSnapshotAs(const CString& strPath, HWND hWndPopup)
+{
+    if (!SaveSnapshot(strPath, hWndPopup))
+    {
+        GetGalleryApp()->ReportError(_T("Could not save ") + strPath);
+        return FALSE;
+    }
+    printf("%s\n", static_cast<LPCTSTR>(strPath));
+    fflush(stdout);
+    return TRUE;
 }
 
 LRESULT CGalleryWnd::OnSnapshot(WPARAM, LPARAM)
@@ -214,16 +258,13 @@ LRESULT CGalleryWnd::OnSnapshot(WPARAM, LPARAM)
             m_nExitCode = EXIT_FAILURE;
             continue;
         }
-        CString strPath = strFolder + GetSnapshotFileName(nPage);
-        if (SaveSnapshot(strPath))
-        {
-            printf("%s\n", static_cast<LPCTSTR>(strPath));
-            fflush(stdout);
-        }
-        else
-        {
-            pApp->ReportError(_T("Could not save ") + strPath);
+        if (!SaveSnapshotAs(strFolder + GetSnapshotFileName(nPage), NULL))
             m_nExitCode = EXIT_FAILURE;
+        HWND hWndPopup = NULL;
+        for (int nState = 1; LPCTSTR lpszState = m_apPages[nPage]->EnterSnapshotState(nState, &hWndPopup); ++nState)
+        {
+            if (!SaveSnapshotAs(strFolder + GetSnapshotFileName(nPage, nState, lpszState), hWndPopup))
+                m_nExitCode = EXIT_FAILURE;
         }
     }
     DestroyWindow();

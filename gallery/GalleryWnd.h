@@ -31,9 +31,15 @@ protected:
 private:
     BOOL SelectPage(int nPage);
     CRect GetPageRect() const;
-    BOOL SaveSnapshot(LPCTSTR lpszPath);
+    // The page with a window of its own over it (hWndPopup, null for none), its client area and
+    // caption placed as they are on the screen.
+    BOOL SaveSnapshot(LPCTSTR lpszPath, HWND hWndPopup);
+    // Saves the selected page's snapshot and names its file on the standard output.
+    BOOL SaveSnapshotAs(const CString& strPath, HWND hWndPopup);
     static void PumpPendingMessages();
-    static CString GetSnapshotFileName(int nPage);
+    // The page's file name; a further state of the page adds a letter to the number and the
+    // state's name: 06-grid.png, 06b-grid-find.png...
+    static CString GetSnapshotFileName(int nPage, int nState = 0, LPCTSTR lpszState = NULL);
 
     CListBox m_wndPageList;
     CFont m_font;

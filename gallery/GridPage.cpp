@@ -1,9 +1,11 @@
 #include "gallery/GridPage.h"
 
+#include "grid/GridFind.h"
+
 namespace
 {
 const UINT IDC_GRID = 100;
-const int INTRO_LINES = 3;
+const int INTRO_LINES = 4;
 
 enum
 {
@@ -72,6 +74,8 @@ IMPLEMENT_DYNCREATE(CGridPage, CGalleryPage)
 
 BEGIN_MESSAGE_MAP(CGridPage, CGalleryPage)
 ON_WM_CREATE()
+ON_NOTIFY(GN_EDITBEGIN, IDC_GRID, OnGridEditBegin)
+ON_NOTIFY(GN_EDITEND, IDC_GRID, OnGridEditEnd)
 END_MESSAGE_MAP()
 
 int CGridPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
@@ -81,15 +85,31 @@ int CGridPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
     if (!CreateLabel(m_wndIntro, _T("A grid window as a cue sheet: click a title to sort by it, Ctrl+click to add ")
                                  _T("a key (shown sorted by Colour, then Level downwards). Aligned numbers, gel colours, ")
                                  _T("images, edit icons, a selection (Level to Fade of cues 2.5 to 4) and a pending cut ")
-                                 _T("(the colours of cues 6 and 7, drawn plain while cut).")) ||
+                                 _T("(the colours of cues 6 and 7, drawn plain while cut). Type to find a row by the text of the caret's ")
+                                 _T("column, Ctrl+F or F3 to search; double click or Enter to edit a cell (a colour from a list ")
+                                 _T("of gels), or type in a note.")) ||
         !m_wndGrid.Create(CUE_COUNT, COL_COUNT, 0, 0, WS_CHILD | WS_VISIBLE | WS_TABSTOP, CRect(0, 0, 0, 0), this,
                           IDC_GRID) ||
-        !CreateImages())
+        !CreateImages() || !CreateGelList())
         return -1;
     m_wndGrid.SetGridFont(m_pFont);
     LayoutControls(lpCreateStruct->cx, lpCreateStruct->cy);
     FillGrid();
     return 0;
+}
+
+BOOL CGridPage::CreateGelList()
+{
+    if (!m_wndGels.Create(WS_CHILD | CBS_DROPDOWNLIST, CRect(0, 0, 0, 0), this, IDC_GRID + 1))
+        return FALSE;
+    // One entry per gel, its data the first cue that uses it: where its colour is found.
+    for (int nCue = 0; nCue < CUE_COUNT; ++nCue)
+    {
+        if (m_wndGels.FindStringExact(-1, s_aCues[nCue].lpszColour) < 0)
+            m_wndGels.SetItemData(m_wndGels.AddString(s_aCues[nCue].lpszColour), static_cast<DWORD_PTR>(nCue));
+    }
+    m_wndGrid.GetList().SetFixedCombo(m_wndGels, false);
+    return TRUE;
 }
 
 BOOL CGridPage::CreateImages()
@@ -150,9 +170,7 @@ void CGridPage::FillGrid()
         list.SetText(nRow, COL_COLOUR, s_aCues[nRow].lpszColour, true);
         list.SetText(nRow, COL_FADE, s_aCues[nRow].lpszFade, true);
         list.SetText(nRow, COL_NOTES, s_aCues[nRow].lpszNotes, true);
-        list.SetItemBkColor(nRow, COL_COLOUR, s_aCues[nRow].crColour);
-        list.SetItemTextBkColor(nRow, COL_COLOUR, s_aCues[nRow].crColour);
-        list.SetItemTextColor(nRow, COL_COLOUR, TextColourOn(s_aCues[nRow].crColour));
+        SetGelColours(nRow, nRow);
         list.SetCellImage(nRow, COL_CHANNEL, IMAGE_LAMP, CGridList::IMAGE_BEFORE_TEXT);
         list.SetCellEditIcon(nRow, COL_COLOUR, CGridList::EDITICON_DROPDOWN, 0, 0);
         list.SetCellEditIcon(nRow, COL_NOTES, CGridList::EDITICON_DIALOG, 0, 0);
@@ -165,7 +183,10 @@ void CGridPage::FillGrid()
     list.SetCellImage(7, COL_NOTES, IMAGE_LINK, CGridList::IMAGE_AFTER_TEXT);
 
     // The page is shown without the focus: the selection keeps its highlight colours.
-    list.ModifyStyle(0, CGridList::GS_SHOWCARETALWAYS | CGridList::GS_SORTONHDR);
+    list.ModifyStyle(0, CGridList::GS_SHOWCARETALWAYS | CGridList::GS_SORTONHDR | CGridList::GS_KEYBOARDFIND);
+    list.SetGridEditStyle(CGridList::GET_DBLCLK, CGridList::GES_EDIT);
+    list.SetGridEditStyle(CGridList::GET_RETURN, CGridList::GES_EDIT);
+    list.SetGridEditStyle(CGridList::GET_CHAR, CGridList::GES_EDIT);
     list.SetGraySelectionOnKillFocus(false);
     CArray<Cell> cutCells;
     cutCells.Add(Cell(6, COL_COLOUR));
@@ -178,6 +199,68 @@ void CGridPage::FillGrid()
     m_wndGrid.SortOnColumn(COL_COLOUR, false);
     m_wndGrid.SortOnColumn(COL_LEVEL, true);
     m_wndGrid.SortOnColumn(COL_LEVEL, true);
+}
+
+void CGridPage::SetGelColours(int row, int nCue)
+{
+    CGridList& list = m_wndGrid.GetList();
+    const COLORREF crGel = s_aCues[nCue].crColour;
+    list.SetItemBkColor(row, COL_COLOUR, crGel);
+    list.SetItemTextBkColor(row, COL_COLOUR, crGel);
+    list.SetItemTextColor(row, COL_COLOUR, TextColourOn(crGel));
+}
+
+void CGridPage::OnGridEditBegin(NMHDR* pHdr, LRESULT* pResult)
+{
+    // The running number is not edited, and a typed character edits only a note: elsewhere it
+    // finds a row. A double click on a colour chooses a gel from the list instead of typing one.
+    NMGRIDEDITBEGIN* pBegin = reinterpret_cast<NMGRIDEDITBEGIN*>(pHdr);
+    *pResult = pBegin->col == COL_NUMBER || (pBegin->nTrigger == CGridList::GET_CHAR && pBegin->col != COL_NOTES);
+    if (*pResult == 0 && pBegin->col == COL_COLOUR && pBegin->nTrigger == CGridList::GET_DBLCLK)
+    {
+        pBegin->nEditType = CGridList::GES_COMBO;
+        pBegin->hWndEdit = NULL;
+        pBegin->bInitText = 0;
+    }
+}
+
+void CGridPage::OnGridEditEnd(NMHDR* pHdr, LRESULT* pResult)
+{
+    // A gel chosen from the list brings its colour; the text goes in as the grid sets it.
+    const NMGRIDEDITEND* pEnd = reinterpret_cast<NMGRIDEDITEND*>(pHdr);
+    if (pEnd->nEditType == CGridList::GES_COMBO && pEnd->dwData < static_cast<DWORD>(CUE_COUNT))
+        SetGelColours(pEnd->row, static_cast<int>(pEnd->dwData));
+    *pResult = 0;
+}
+
+LPCTSTR CGridPage::EnterSnapshotState(int nState, HWND* phWndPopup)
+{
+    CGridList& list = m_wndGrid.GetList();
+    *phWndPopup = NULL;
+    if (list.GetFindDlg() != NULL)
+        list.GetFindDlg()->DestroyWindow();
+    if (list.IsEditing())
+        list.OnGridEdit_Close(list.GetEditCell().row, list.GetEditCell().col, list.GetEditStyle(), FALSE, 0);
+    switch (nState)
+    {
+    case 1:
+    {
+        // The find dialog as F3 or Ctrl+F opens it, a word of the notes to look for.
+        m_wndGrid.SendMessage(GM_FINDDIALOG);
+        CGridFind* pDlg = list.GetFindDlg();
+        if (pDlg == NULL)
+            return NULL;
+        pDlg->SetDlgItemText(IDC_GRIDFIND_TEXT, _T("focus"));
+        *phWndPopup = pDlg->GetSafeHwnd();
+        return _T("find");
+    }
+    case 2:
+        // A note opened for editing by Enter, its text whole.
+        list.GridEdit(3, COL_NOTES, CGridList::GES_EDIT, CGridList::GET_RETURN, true);
+        return list.IsEditing() ? _T("editing") : NULL;
+    default:
+        return NULL;
+    }
 }
 
 void CGridPage::LayoutControls(int cx, int cy)

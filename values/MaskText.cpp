@@ -158,7 +158,7 @@ BOOL CMaskText::ReadTimecode(LPCTSTR lpszText, long& lMilliseconds)
         return FALSE;
     CKelTime time;
     time.SetFramesPerSecond(TIMECODE_FRAMES_PER_SECOND);
-    // A text NewTime refuses leaves the time at zero, and "00:00:00:00" tells it apart.
+    // A refused text leaves zero, which prints as "00:00:00:00", so the comparison decides.
     time.NewTime(lpszText, CKelTime::TIME_HHMMSSFF);
     if (time.Format(CKelTime::TIME_HHMMSSFF).Compare(lpszText) != 0)
         return FALSE;

@@ -7,6 +7,8 @@
 #include "values/KelDate.h"
 #include "values/KelTime.h"
 #include "values/BoolSearch.h"
+#include "values/DmxCommand.h"
+#include "values/MaskText.h"
 
 #ifdef _WIN32
 #include "frame/KelControlsFrame.h"

@@ -240,6 +240,8 @@ private:
     int GetScrollPosition() const;
     int GetMaxScrollPosition();
     void ScrollTo(int nPos);
+    // A scroll request of either bar (nLine pixels a line); FALSE for a code it does not know.
+    BOOL ScrollByRequest(UINT nSBCode, UINT nPos, int nLine);
     // Invalidates from the item's leading edge to the end of the strip.
     void InvalidateFrom(int nIndex);
 

@@ -113,41 +113,16 @@ void CGridHeader::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar*)
 {
     if (IsStyleVert())
         return;
-    int nPage = 0;
-    int nMaxPos = 0;
-    UpdateScrollInfo(&nPage, &nMaxPos);
     if (nSBCode == SB_LINELEFT || nSBCode == SB_LINERIGHT)
-        CheckNUpdateScrollCx();
-    int nNew = GetScrollPosition();
-    switch (nSBCode)
     {
-    case SB_LINELEFT:
-        nNew -= m_nHorzLineStep;
-        break;
-    case SB_LINERIGHT:
-        nNew += m_nHorzLineStep;
-        break;
-    case SB_PAGELEFT:
-        nNew -= nPage;
-        break;
-    case SB_PAGERIGHT:
-        nNew += nPage;
-        break;
-    case SB_THUMBPOSITION:
-    case SB_THUMBTRACK:
-        if (static_cast<int>(nPos) <= nMaxPos)
-            nNew = static_cast<int>(nPos);
-        break;
-    case SB_LEFT:
-        nNew = 0;
-        break;
-    case SB_RIGHT:
-        nNew = nMaxPos;
-        break;
-    default:
-        return;
+        // The line step is checked against scroll information brought up to date first.
+        int nPage = 0;
+        int nMaxPos = 0;
+        UpdateScrollInfo(&nPage, &nMaxPos);
+        CheckNUpdateScrollCx();
     }
-    ScrollTo(std::min(std::max(nNew, 0), nMaxPos));
+    if (!ScrollByRequest(nSBCode, nPos, m_nHorzLineStep))
+        return;
     if (nSBCode == SB_LINELEFT || nSBCode == SB_LINERIGHT)
     {
         CWnd* pScrollParent = GetScrollParentWnd();
@@ -158,19 +133,24 @@ void CGridHeader::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar*)
 
 void CGridHeader::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar*)
 {
-    if (!IsStyleVert())
-        return;
+    if (IsStyleVert())
+        ScrollByRequest(nSBCode, nPos, 1);
+}
+
+BOOL CGridHeader::ScrollByRequest(UINT nSBCode, UINT nPos, int nLine)
+{
     int nPage = 0;
     int nMaxPos = 0;
     UpdateScrollInfo(&nPage, &nMaxPos);
     int nNew = GetScrollPosition();
+    // The horizontal and vertical codes share their values (SB_LINELEFT is SB_LINEUP, ...).
     switch (nSBCode)
     {
     case SB_LINEUP:
-        --nNew;
+        nNew -= nLine;
         break;
     case SB_LINEDOWN:
-        ++nNew;
+        nNew += nLine;
         break;
     case SB_PAGEUP:
         nNew -= nPage;
@@ -190,7 +170,8 @@ void CGridHeader::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar*)
         nNew = nMaxPos;
         break;
     default:
-        return;
+        return FALSE;
     }
     ScrollTo(std::min(std::max(nNew, 0), nMaxPos));
+    return TRUE;
 }

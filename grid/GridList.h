@@ -680,6 +680,8 @@ protected:
     // The cell's value in an array of its row, or the fill when there is none.
     template <class T>
     T GetCellValue(int row, int col, T* CItemData::*pArray, T none) const;
+    // One of the grid-wide colours, repainting the grid.
+    void SetGridColor(COLORREF& rcrField, COLORREF cr);
     // One of the per-cell colours of a data cell, repainting it.
     BOOL SetCellColor(int row, int col, COLORREF* (CItemData::*pfnEnsure)(int), COLORREF cr);
     // Sends a grid notification to the grid window's parent; 0 when there is none.

@@ -574,18 +574,21 @@ COLORREF CGridList::GetItemBkColor(int row, int col) const
     return GetCellValue(row, col, &CItemData::m_pBkColors, COLORREF(0xFFFFFFFF));
 }
 
-void CGridList::SetTextColor(COLORREF cr)
+void CGridList::SetGridColor(COLORREF& rcrField, COLORREF cr)
 {
-    m_crText = cr;
+    rcrField = cr;
     if (GetSafeHwnd() != NULL)
         Invalidate(FALSE);
 }
 
+void CGridList::SetTextColor(COLORREF cr)
+{
+    SetGridColor(m_crText, cr);
+}
+
 void CGridList::SetTextBkColor(COLORREF cr)
 {
-    m_crTextBk = cr;
-    if (GetSafeHwnd() != NULL)
-        Invalidate(FALSE);
+    SetGridColor(m_crTextBk, cr);
 }
 
 void CGridList::SetBkColor(COLORREF cr)
@@ -600,16 +603,12 @@ void CGridList::SetBkColor(COLORREF cr)
 
 void CGridList::SetGridLineColor(COLORREF cr)
 {
-    m_crGridLine = cr;
-    if (GetSafeHwnd() != NULL)
-        Invalidate(FALSE);
+    SetGridColor(m_crGridLine, cr);
 }
 
 void CGridList::SetSelectionColor(COLORREF cr)
 {
-    m_crSelection = cr;
-    if (GetSafeHwnd() != NULL)
-        Invalidate(FALSE);
+    SetGridColor(m_crSelection, cr);
 }
 
 void CGridList::SetTransperantSelection(BOOL bTransparent)

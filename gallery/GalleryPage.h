@@ -18,7 +18,7 @@ public:
     // Snapshot mode: states of the page beyond the one it opens in, each saved as a picture of its
     // own. For nState 1, 2... the page takes on that state and returns its name (for the file),
     // setting *phWndPopup to a window of its own that the state shows over the page, or null; past
-    // the last state it returns to the first and returns null.
+    // the last state it closes what the states opened and returns null.
     virtual LPCTSTR EnterSnapshotState(int nState, HWND* phWndPopup);
 
 protected:

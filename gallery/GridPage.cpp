@@ -85,9 +85,9 @@ int CGridPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
     if (!CreateLabel(m_wndIntro, _T("A grid window as a cue sheet: click a title to sort by it, Ctrl+click to add ")
                                  _T("a key (shown sorted by Colour, then Level downwards). Aligned numbers, gel colours, ")
                                  _T("images, edit icons, a selection (Level to Fade of cues 2.5 to 4) and a pending cut ")
-                                 _T("(the colours of cues 6 and 7, drawn plain while cut). Type to find a row by the text of the caret's ")
-                                 _T("column, Ctrl+F or F3 to search; double click or Enter to edit a cell (a colour from a list ")
-                                 _T("of gels), or type in a note.")) ||
+                                 _T("(the colours of cues 6 and 7, drawn plain while cut). Type to find a row by the ")
+                                 _T("text of the caret's column, Ctrl+F or F3 to search; double click or Enter to edit a ")
+                                 _T("cell (a colour from a list of gels), or type in a note.")) ||
         !m_wndGrid.Create(CUE_COUNT, COL_COUNT, 0, 0, WS_CHILD | WS_VISIBLE | WS_TABSTOP, CRect(0, 0, 0, 0), this,
                           IDC_GRID) ||
         !CreateImages() || !CreateGelList())

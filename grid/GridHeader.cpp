@@ -203,30 +203,19 @@ const CGridHeader::HdrItem& CGridHeader::GetHdrItem(int nIndex) const
 
 void CGridHeader::SetExtent(HdrItem& item, int nExtent)
 {
-    if (IsStyleVert())
-    {
-        m_nTotalHeight += nExtent - item.nHeight;
-        item.nHeight = nExtent;
-    }
-    else
-    {
-        m_nTotalWidth += nExtent - item.nWidth;
-        item.nWidth = nExtent;
-    }
+    SetSize(item, IsStyleVert() != FALSE, nExtent);
 }
 
 void CGridHeader::SetCrossExtent(HdrItem& item, int nExtent)
 {
-    if (IsStyleVert())
-    {
-        m_nTotalWidth += nExtent - item.nWidth;
-        item.nWidth = nExtent;
-    }
-    else
-    {
-        m_nTotalHeight += nExtent - item.nHeight;
-        item.nHeight = nExtent;
-    }
+    SetSize(item, !IsStyleVert(), nExtent);
+}
+
+void CGridHeader::SetSize(HdrItem& item, bool bHeight, int nSize)
+{
+    int& rnItem = bHeight ? item.nHeight : item.nWidth;
+    (bHeight ? m_nTotalHeight : m_nTotalWidth) += nSize - rnItem;
+    rnItem = nSize;
 }
 
 int CGridHeader::InsertItem(int nIndex, HD_ITEM* pItem, bool bNoUpdate)

@@ -227,6 +227,8 @@ private:
     // Sets the extent along the orientation, keeping the totals.
     void SetExtent(HdrItem& item, int nExtent);
     void SetCrossExtent(HdrItem& item, int nExtent);
+    // The item's height or width, keeping the totals of both in step.
+    void SetSize(HdrItem& item, bool bHeight, int nSize);
     void FreeAllItems();
     void ClearSortState();
     // A sort type 0..5 with no priority or one within 1..count: what is read back and drawn.

@@ -417,6 +417,8 @@ public:
     BOOL AddSelectedCell(const Cell& cell, bool bRefresh = true);
     BOOL AddSelectedCell_Impl(const Cell& cell, bool bRefresh);
     BOOL RemoveSelectedCell(const Cell& cell, bool bRefresh = true);
+    // Selects or unselects the cell (CSC_SELECT, CSC_UNSELECT), repainting it when asked.
+    BOOL ChangeSelectedCell(const Cell& cell, eCellStateChange change, bool bRefresh);
     void RemoveCell(CSelectedCells* pSet, Cell cell);
     BOOL IsAdjacentCells(const Cell& first, const Cell& second) const;
 
@@ -482,6 +484,8 @@ public:
     int GetLastVisibleRow() const;
     int GetFirstVisibleCol() const;
     int GetLastVisibleCol() const;
+    // The first and last columns meeting the client area; FALSE when none does.
+    BOOL GetVisibleCols(int& nFirst, int& nLast) const;
     BOOL IsHorzScrollBarVisible() const;
     BOOL IsVertScrollBarVisible() const;
     BOOL EnsureVisible(int row, int col);

@@ -141,22 +141,25 @@ int CGridList::GetLastVisibleRow() const
     return std::min(m_nRows - 1, std::max(0, nRows + GetTopIndex()));
 }
 
+BOOL CGridList::GetVisibleCols(int& nFirst, int& nLast) const
+{
+    CRect rcClient;
+    GetClientRect(&rcClient);
+    return GetColumnsInSpan(-GetScrollPos(SB_HORZ), rcClient.left, rcClient.right, nFirst, nLast);
+}
+
 int CGridList::GetFirstVisibleCol() const
 {
     int nFirst;
     int nLast;
-    CRect rcClient;
-    GetClientRect(&rcClient);
-    return GetColumnsInSpan(-GetScrollPos(SB_HORZ), rcClient.left, rcClient.right, nFirst, nLast) ? nFirst : -1;
+    return GetVisibleCols(nFirst, nLast) ? nFirst : -1;
 }
 
 int CGridList::GetLastVisibleCol() const
 {
     int nFirst;
     int nLast;
-    CRect rcClient;
-    GetClientRect(&rcClient);
-    return GetColumnsInSpan(-GetScrollPos(SB_HORZ), rcClient.left, rcClient.right, nFirst, nLast) ? nLast : -1;
+    return GetVisibleCols(nFirst, nLast) ? nLast : -1;
 }
 
 BOOL CGridList::IsHorzScrollBarVisible() const

@@ -272,16 +272,17 @@ BOOL CGridList::AddSelectedCell(const Cell& cell, bool bRefresh)
 
 BOOL CGridList::AddSelectedCell_Impl(const Cell& cell, bool bRefresh)
 {
-    if (!SetCellState(cell, CSC_SELECT))
-        return FALSE;
-    if (bRefresh)
-        RefreshCell(cell);
-    return TRUE;
+    return ChangeSelectedCell(cell, CSC_SELECT, bRefresh);
 }
 
 BOOL CGridList::RemoveSelectedCell(const Cell& cell, bool bRefresh)
 {
-    if (!SetCellState(cell, CSC_UNSELECT))
+    return ChangeSelectedCell(cell, CSC_UNSELECT, bRefresh);
+}
+
+BOOL CGridList::ChangeSelectedCell(const Cell& cell, eCellStateChange change, bool bRefresh)
+{
+    if (!SetCellState(cell, change))
         return FALSE;
     if (bRefresh)
         RefreshCell(cell);

@@ -693,6 +693,9 @@ protected:
     // Clears the caret flag of the old caret, sets it on the new, notifies, takes an edit icon
     // from the reply, repaints both cells and sends GN_CELLCHANGE.
     void MoveCaret(const Cell& cell);
+    // The common first step of a click's selection: a data cell becomes caret and anchor; false
+    // when it is no data cell or the grid selects nothing.
+    bool BeginSelectionStep(const Cell& cell);
     // Selects or unselects the cell as the selection mode wants it (a row in full-row grids,
     // its first data cell in list style).
     void SelectCellUnit(const Cell& cell, bool bSelect);

@@ -474,13 +474,18 @@ void CGridList::HideCaret(bool bHide)
 
 // ---- Selection steps --------------------------------------------------------------------------
 
-void CGridList::RemoveAllSelectedNAddCell(Cell cell)
+bool CGridList::BeginSelectionStep(const Cell& cell)
 {
     if (!IsNonHdrCell(cell))
-        return;
+        return false;
     MoveCaret(cell);
     m_AnchorCell = cell;
-    if (IsNoSelection())
+    return !IsNoSelection();
+}
+
+void CGridList::RemoveAllSelectedNAddCell(Cell cell)
+{
+    if (!BeginSelectionStep(cell))
         return;
     RemoveAllSelection();
     SelectCellUnit(cell, true);
@@ -488,11 +493,7 @@ void CGridList::RemoveAllSelectedNAddCell(Cell cell)
 
 void CGridList::InvertSelection(Cell cell)
 {
-    if (!IsNonHdrCell(cell))
-        return;
-    MoveCaret(cell);
-    m_AnchorCell = cell;
-    if (IsNoSelection())
+    if (!BeginSelectionStep(cell))
         return;
     bool bSelect = !IsSelectedCell(IsStyleList() ? Cell(cell.row, GetFirstDataCol()) : cell, true);
     if (bSelect && IsSingleSelection())

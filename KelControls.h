@@ -17,5 +17,7 @@
 #include "grid/GridList.h"
 #include "grid/GridHeader.h"
 #include "grid/TGrid.h"
+#include "controls/Control.h"
+#include "controls/StringEdit.h"
 #include "values/SpanFloppies.h"
 #endif

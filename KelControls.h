@@ -19,5 +19,6 @@
 #include "grid/TGrid.h"
 #include "controls/Control.h"
 #include "controls/StringEdit.h"
+#include "controls/KelButton.h"
 #include "values/SpanFloppies.h"
 #endif

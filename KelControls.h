@@ -20,5 +20,6 @@
 #include "controls/Control.h"
 #include "controls/StringEdit.h"
 #include "controls/KelButton.h"
+#include "indicators/ProgressWnd.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -71,7 +71,8 @@ void CKelButton::SetCheck(int nCheck)
 
 void CKelButton::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
 {
-    // The block is the companion's wire format: every byte not filled in stays zero.
+    // The block is the companion's wire format (its header checks the size and offsets): every
+    // byte not filled in stays zero.
     KEL_BUTTON_PARAMS params;
     memset(&params, 0, sizeof(params));
     params.cbSize = sizeof(params);

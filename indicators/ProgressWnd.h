@@ -24,7 +24,8 @@ public:
     CProgressWnd(CWnd* pParent, LPCTSTR lpszTitle, BOOL bSmooth = FALSE);
     ~CProgressWnd() override;
 
-    // Creates and shows the window, owned by pParent or else by the application's main window.
+    // Creates the window, owned by pParent or else by the application's main window, places it
+    // (see GetPreviousSettings) and shows it without activating it.
     BOOL Create(CWnd* pParent, LPCTSTR lpszTitle, BOOL bSmooth = FALSE);
     // Creates the window if needed, owned by the main window, and disables the main window
     // until DestroyWindow.

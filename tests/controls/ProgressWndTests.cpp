@@ -181,14 +181,17 @@ TEST_F(CProgressWndTest, TheQuitMessageEndsThePumpAndStaysForTheCallersLoop)
     EXPECT_EQ(7u, msg.wParam);
 }
 
-TEST_F(CProgressWndTest, ModalModeDisablesTheMainWindowUntilACancelClickCloses)
+TEST_F(CProgressWndTest, ModalModeDisablesTheMainWindowUntilACancelClickClosesAndSavesThePosition)
 {
     CWnd main;
     ASSERT_TRUE(main.CreateEx(0, "STATIC", "", WS_POPUP, 0, 0, 640, 480, NULL, NULL));
     main.ShowWindow(SW_SHOWNOACTIVATE);
     s_pApp->m_pMainWnd = &main;
+    WriteProfile(NULL, NULL);
     CProgressWnd wnd;
     ASSERT_TRUE(wnd.GoModal("Saving"));
+    CRect window;
+    wnd.GetWindowRect(&window);
     EXPECT_EQ(main.m_hWnd, ::GetWindow(wnd.m_hWnd, GW_OWNER));
     EXPECT_FALSE(main.IsWindowEnabled());
     EXPECT_TRUE(wnd.PeekAndPump());
@@ -203,6 +206,9 @@ TEST_F(CProgressWndTest, ModalModeDisablesTheMainWindowUntilACancelClickCloses)
     EXPECT_TRUE(wnd.Cancelled());
     EXPECT_EQ(nullptr, wnd.m_hWnd); // closed
     EXPECT_TRUE(main.IsWindowEnabled());
+    // The position it had is kept for the next window.
+    EXPECT_EQ(window.left, static_cast<int>(::GetPrivateProfileIntA("Settings", "X", -1, PROFILE)));
+    EXPECT_EQ(window.top, static_cast<int>(::GetPrivateProfileIntA("Settings", "Y", -1, PROFILE)));
     s_pApp->m_pMainWnd = NULL;
     main.DestroyWindow();
 }

@@ -170,18 +170,6 @@ TEST_F(CButtonTest, ColoursGoToTheParentWithTheButtonsOwnColourOrThePixelBehindI
     ::DeleteDC(hDC);
 }
 
-TEST_F(CButtonTest, CheckStateIsCachedBeforeAndAfterTheWindow)
-{
-    CKelButton check;
-    check = BST_CHECKED;
-    EXPECT_EQ(BST_CHECKED, static_cast<int>(check));
-    ASSERT_TRUE(CreateButton(check, _T("Loop"), BS_AUTOCHECKBOX, 1));
-    EXPECT_EQ(BST_UNCHECKED, check.GetCheck()); // the window answers once it exists
-    check.SendMessage(BM_CLICK);
-    check.DestroyWindow();
-    EXPECT_EQ(BST_CHECKED, check.GetCheck());
-}
-
 // A radio group of three with a label inside it, then a check box that starts the next group.
 class CRadioGroupTest : public CButtonTest
 {
@@ -229,8 +217,9 @@ TEST_F(CRadioGroupTest, TheGroupIsOneValue)
     }
     m_second.SendMessage(BM_CLICK);
     EXPECT_EQ(1, static_cast<int>(m_radio));
+    m_radio.SendMessage(BM_CLICK);
     m_parent.DestroyWindow();
-    EXPECT_EQ(1, m_radio.GetCheck()); // cached as the window went
+    EXPECT_EQ(0, m_radio.GetCheck()); // read from the group as the windows went
 }
 
 TEST_F(CRadioGroupTest, AnEmptyChoiceIsReportedWithTheControlsName)
@@ -257,7 +246,7 @@ TEST_F(CRadioGroupTest, AnEmptyChoiceIsReportedWithTheControlsName)
     EXPECT_EQ(1, nIndex);
 }
 
-TEST_F(CButtonTest, ADialogShowsTheValuesSetBeforeItsControlsWereSubclassed)
+TEST_F(CButtonTest, ADialogShowsTheValuesSetBeforeItsControlsAndTheyOutliveIt)
 {
     enum
     {
@@ -287,11 +276,15 @@ TEST_F(CButtonTest, ADialogShowsTheValuesSetBeforeItsControlsWereSubclassed)
     CKelButton check;
     radio = 2;
     check = BST_CHECKED;
+    EXPECT_EQ(BST_CHECKED, static_cast<int>(check));
     ASSERT_TRUE(radio.SubclassDlgItem(IDC_FIRST, &dlg));
     ASSERT_TRUE(check.SubclassDlgItem(IDC_CHECK, &dlg));
     EXPECT_EQ(BST_UNCHECKED, dlg.IsDlgButtonChecked(IDC_FIRST));
     EXPECT_EQ(BST_CHECKED, dlg.IsDlgButtonChecked(IDC_FIRST + 2));
     EXPECT_EQ(BST_CHECKED, dlg.IsDlgButtonChecked(IDC_CHECK));
+    check.SendMessage(BM_CLICK);
     dlg.DestroyWindow();
+    EXPECT_EQ(BST_UNCHECKED, check.GetCheck()); // as the window last had it
+    EXPECT_EQ(2, radio.GetCheck());
 }
 } // namespace

@@ -19,5 +19,8 @@
 #include "grid/TGrid.h"
 #include "controls/Control.h"
 #include "controls/StringEdit.h"
+#include "controls/DateEdit.h"
+#include "controls/TimeEdit.h"
+#include "controls/NoEdit.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -21,6 +21,7 @@
 #include "controls/StringEdit.h"
 #include "controls/DateEdit.h"
 #include "controls/TimeEdit.h"
+#include "controls/MaskEdit.h"
 #include "controls/NoEdit.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -23,5 +23,6 @@
 #include "controls/TimeEdit.h"
 #include "controls/MaskEdit.h"
 #include "controls/NoEdit.h"
+#include "controls/DmxCommandEdit.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -52,8 +52,6 @@ BOOL CGenericMaskEdit::OnUpdate()
     CEdit::GetWindowText(strText);
     if (strText == m_maskText.GetDisplayText())
         return FALSE;
-    int nStart = 0, nEnd = 0;
-    GetSel(nStart, nEnd);
     // A text that already fits the mask is taken as it stands: the keystroke filter putting
     // back the text from before a refused key, or a program setting the window text.
     CMaskText fitted(m_maskText);
@@ -66,6 +64,8 @@ BOOL CGenericMaskEdit::OnUpdate()
     CMaskText::EDIT_KEY key = m_bBackspacePressed ? CMaskText::KEY_BACKSPACE
                               : m_bDeletePressed  ? CMaskText::KEY_DELETE
                                                   : CMaskText::KEY_OTHER;
+    int nStart = 0, nEnd = 0;
+    GetSel(nStart, nEnd);
     int nCaret = m_maskText.ApplyEdit(strText, nStart, key);
     ShowDisplayText();
     SetSel(nCaret, nCaret);

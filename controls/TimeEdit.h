@@ -45,7 +45,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     CKelTime m_time;
-    // Neither is read by the time edits; they keep the layout of the fields that follow.
+    // Carried with their old defaults (2 and '/'); nothing in the time edits reads them.
     int m_nTimeFormat;
     char m_chSeparator;
     BYTE m_bMilliseconds;

@@ -4,6 +4,8 @@
 #include <stdlib.h>
 
 #include "capture/WindowImage.h"
+#include "gallery/DateTimePage.h"
+#include "gallery/DmxCommandPage.h"
 #include "gallery/EditTipPage.h"
 #include "gallery/EventListPage.h"
 #include "gallery/GalleryApp.h"
@@ -11,7 +13,6 @@
 #include "gallery/ListingPage.h"
 #include "gallery/MillionRowsPage.h"
 #include "gallery/ProgressPage.h"
-#include "gallery/TimeFieldPage.h"
 #include "gallery/TransportPage.h"
 
 namespace
@@ -27,7 +28,8 @@ const struct
     {_T("Event list"), RUNTIME_CLASS(CEventListPage)},
     {_T("Listing"), RUNTIME_CLASS(CListingPage)},
     {_T("Transport buttons"), RUNTIME_CLASS(CTransportPage)},
-    {_T("Time fields"), RUNTIME_CLASS(CTimeFieldPage)},
+    {_T("Date, time and masks"), RUNTIME_CLASS(CDateTimePage)},
+    {_T("Command edit"), RUNTIME_CLASS(CDmxCommandPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
     {_T("Progress window"), RUNTIME_CLASS(CProgressPage)},
@@ -167,6 +169,7 @@ CString CGalleryWnd::GetSnapshotFileName(int nPage, int nState, LPCTSTR lpszStat
     if (nState > 0)
         strName = strName + _T('-') + lpszState;
     strName.MakeLower();
+    strName.Remove(_T(','));
     strName.Replace(_T(' '), _T('-'));
     CString strNumber;
     strNumber.Format(_T("%02d"), nPage + 1);

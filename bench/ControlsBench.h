@@ -1,0 +1,17 @@
+// The measurements of controls_bench, one file per topic. Each returns the median of many
+// repetitions in milliseconds, or a negative number when its check failed (with a message on
+// stderr); controls_bench.cpp lists them with their targets.
+#pragma once
+
+#include <vector>
+
+namespace ControlsBench
+{
+// Milliseconds from a fixed start, from the performance counter.
+double NowMs();
+double Median(std::vector<double> values);
+
+// CDmxCommandEdit's static parse of a command of 1,000 terms, ranges and single channels
+// joined by '+', with a level: "1-5+11+21-25+...*50".
+double DmxCommandParseMs();
+} // namespace ControlsBench

@@ -1,5 +1,7 @@
 #include "controls/ComboBoxAutoComplete.h"
 
+#include <string.h>
+
 CNewComboBoxRecord::CNewComboBoxRecord() : m_pCombo(NULL), m_lComboID(0), m_lRecordID(-1) {}
 
 CNewComboBoxRecord::CNewComboBoxRecord(const CString& strText, CComboBoxAutoComplete* pCombo, long lComboID)
@@ -23,8 +25,81 @@ END_MESSAGE_MAP()
 
 CComboBoxAutoComplete::CComboBoxAutoComplete(CWnd* pNotifyWnd, long lComboID, BOOL bAutoComplete)
     : m_pNotifyWnd(pNotifyWnd), m_lComboID(lComboID), m_nItemData(-1), m_bAutoComplete(bAutoComplete),
-      m_bLoaded(FALSE), m_bEntering(FALSE), m_nEditKey(VK_F5), m_bAllowBlank(1)
+      m_bLoaded(FALSE), m_bEntering(FALSE), m_nEditKey(VK_F5), m_bAllowBlank(1), m_bKeysCurrent(TRUE)
 {
+}
+
+LRESULT CComboBoxAutoComplete::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    LRESULT lResult = CComboBox::WindowProc(message, wParam, lParam);
+    FollowListChange(message, wParam, lParam, lResult);
+    return lResult;
+}
+
+void CComboBoxAutoComplete::FollowListChange(UINT message, WPARAM wParam, LPARAM lParam, LRESULT lResult)
+{
+    switch (message)
+    {
+    case CB_ADDSTRING:
+    case CB_INSERTSTRING:
+    {
+        if (lResult < 0 || !m_bKeysCurrent)
+            break;
+        size_t nIndex = static_cast<size_t>(lResult);
+        // A sorted list puts most items in the middle: reading the texts once afterwards is
+        // cheaper than moving the copy up each time.
+        if (nIndex > m_itemKeys.size() || (nIndex < m_itemKeys.size() && message == CB_ADDSTRING))
+        {
+            m_bKeysCurrent = FALSE;
+            break;
+        }
+        CString strKey(reinterpret_cast<LPCTSTR>(lParam));
+        strKey.MakeUpper();
+        m_itemKeys.insert(m_itemKeys.begin() + static_cast<std::ptrdiff_t>(nIndex), strKey);
+        break;
+    }
+    case CB_DELETESTRING:
+        if (lResult >= 0 && m_bKeysCurrent && wParam < m_itemKeys.size())
+            m_itemKeys.erase(m_itemKeys.begin() + static_cast<std::ptrdiff_t>(wParam));
+        break;
+    case CB_RESETCONTENT:
+    case WM_NCDESTROY:
+        m_itemKeys.clear();
+        m_bKeysCurrent = TRUE;
+        break;
+    case CB_DIR:
+        m_bKeysCurrent = FALSE;
+        break;
+    }
+}
+
+int CComboBoxAutoComplete::FindPrefix(const CString& strText)
+{
+    DWORD dwStyle = GetStyle();
+    if ((dwStyle & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) != 0 && (dwStyle & CBS_HASSTRINGS) == 0)
+        return FindString(-1, strText);
+    if (!m_bKeysCurrent)
+    {
+        int nCount = GetCount();
+        m_itemKeys.assign(static_cast<size_t>(nCount > 0 ? nCount : 0), CString());
+        for (int nIndex = 0; nIndex < nCount; ++nIndex)
+        {
+            GetLBText(nIndex, m_itemKeys[nIndex]);
+            m_itemKeys[nIndex].MakeUpper();
+        }
+        m_bKeysCurrent = TRUE;
+    }
+    CString strKey = strText;
+    strKey.MakeUpper();
+    size_t nLength = static_cast<size_t>(strKey.GetLength());
+    for (size_t nIndex = 0; nIndex < m_itemKeys.size(); ++nIndex)
+    {
+        const CString& strItem = m_itemKeys[nIndex];
+        if (static_cast<size_t>(strItem.GetLength()) >= nLength &&
+            memcmp(static_cast<LPCTSTR>(strItem), static_cast<LPCTSTR>(strKey), nLength) == 0)
+            return static_cast<int>(nIndex);
+    }
+    return -1;
 }
 
 LRESULT CComboBoxAutoComplete::Notify(UINT message, WPARAM wParam, LPARAM lParam)
@@ -164,16 +239,10 @@ BOOL CComboBoxAutoComplete::OnEditUpdate()
     BOOL bSelKnown = dwSel != static_cast<DWORD>(CB_ERR);
     int nStart = LOWORD(dwSel);
     int nEnd = HIWORD(dwSel);
-    if (SelectString(-1, strTyped) == CB_ERR)
-    {
-        CString strNow;
-        GetWindowText(strNow);
-        // Only a changed text is put back: setting it would come back here as another update.
-        if (strNow != strTyped)
-            SetWindowText(strTyped);
-        if (bSelKnown)
-            SetEditSel(nStart, nEnd);
-    }
+    // Without a match the text stays as typed; the search itself changes nothing.
+    int nMatch = FindPrefix(strTyped);
+    if (nMatch >= 0)
+        SetCurSel(nMatch); // the edit field takes the item's text
     int nTyped = strTyped.GetLength();
     if (!bSelKnown || nEnd >= nTyped)
         SetEditSel(nTyped, -1);

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -133,6 +134,40 @@ TEST_F(CAutoCompleteTest, TypingLoadsTheListOnceAndCompletesUntilDeleting)
     Type("z");
     EXPECT_EQ("zGrex 1-1", State()); // typed before the end: the selection stays
     EXPECT_EQ(1u, m_owner.m_heard.size());
+}
+
+TEST_F(CAutoCompleteTest, CompletionFollowsTheListAsItChanges)
+{
+    Type("x"); // loads the list
+    struct
+    {
+        std::function<void()> change;
+        const char* pszTyped;
+        const char* pszState;
+    } const cases[] = {
+        {[&] { m_combo.InsertString(2, "Gold"); }, "go", "Gold 2-4"},
+        {[&] { m_combo.DeleteString(2); }, "go", "Go 2-2"}, // "g" completed to Green first
+        {[&] { m_combo.AddString("gOLDEN"); }, "GOL", "gOLDEN 3-6"},
+        {[&] { m_combo.ResetContent(); }, "gr", "gr 2-2"},
+        {[&] { m_combo.AddString("Green"); }, "gr", "Green 2-5"},
+    };
+    for (const auto& c : cases)
+    {
+        c.change();
+        ::SetWindowTextA(m_hEdit, "");
+        Type(c.pszTyped);
+        EXPECT_EQ(c.pszState, State());
+    }
+
+    // A sorted list places its items itself.
+    CComboBoxAutoComplete sorted(&m_owner, COMBO_ID, TRUE);
+    ASSERT_TRUE(sorted.Create(WS_CHILD | CBS_DROPDOWN | CBS_SORT, CRect(0, 0, 100, 100), &m_owner, IDC_OTHER + 1));
+    for (const char* pszItem : {"Blue", "Red", "Amber", "Azure"})
+        sorted.AddString(pszItem);
+    sorted.SetLoadedCombo(TRUE);
+    HWND hEdit = ::GetWindow(sorted.m_hWnd, GW_CHILD);
+    CInput::TypeText(hEdit, "a");
+    EXPECT_EQ("Amber", CInput::GetText(hEdit));
 }
 
 TEST_F(CAutoCompleteTest, DroppingDownLoadsAndTheEditKeySelectsTheEqualItem)

@@ -4,6 +4,7 @@
 #include <stdlib.h>
 
 #include "capture/WindowImage.h"
+#include "gallery/ComboBoxPage.h"
 #include "gallery/EditTipPage.h"
 #include "gallery/EventListPage.h"
 #include "gallery/GalleryApp.h"
@@ -27,6 +28,7 @@ const struct
     {_T("Listing"), RUNTIME_CLASS(CListingPage)},
     {_T("Transport buttons"), RUNTIME_CLASS(CTransportPage)},
     {_T("Time fields"), RUNTIME_CLASS(CTimeFieldPage)},
+    {_T("Combo boxes"), RUNTIME_CLASS(CComboBoxPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
 };

@@ -19,5 +19,6 @@
 #include "grid/TGrid.h"
 #include "controls/Control.h"
 #include "controls/StringEdit.h"
+#include "controls/NumericEdit.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -19,6 +19,7 @@
 #include "grid/TGrid.h"
 #include "controls/Control.h"
 #include "controls/StringEdit.h"
+#include "controls/NumericEdit.h"
 #include "controls/StringComboBox.h"
 #include "controls/ComboBoxAutoComplete.h"
 #include "values/SpanFloppies.h"

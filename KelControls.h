@@ -22,5 +22,9 @@
 #include "controls/NumericEdit.h"
 #include "controls/StringComboBox.h"
 #include "controls/ComboBoxAutoComplete.h"
+#include "controls/DateEdit.h"
+#include "controls/TimeEdit.h"
+#include "controls/MaskEdit.h"
+#include "controls/NoEdit.h"
 #include "values/SpanFloppies.h"
 #endif

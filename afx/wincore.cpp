@@ -252,8 +252,26 @@ BOOL AFXAPI AfxUnhookWindowCreate()
     return TRUE;
 }
 
-BOOL CWnd::PreCreateWindow(CREATESTRUCT&)
+BOOL CWnd::PreCreateWindow(CREATESTRUCT& cs)
 {
+    // A window created without a class gets the layer's plain window class, as in MFC:
+    // double clicks, redrawn whole on resizing, the arrow cursor, no background brush.
+    static const char s_szWndClass[] = "AfxWnd";
+    if (cs.lpszClass != NULL)
+        return TRUE;
+    WNDCLASSA wc;
+    if (!::GetClassInfoA(cs.hInstance, s_szWndClass, &wc))
+    {
+        ZeroMemory(&wc, sizeof(wc));
+        wc.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
+        wc.lpfnWndProc = ::DefWindowProcA;
+        wc.hInstance = cs.hInstance;
+        wc.hCursor = ::LoadCursor(NULL, IDC_ARROW);
+        wc.lpszClassName = s_szWndClass;
+        if (!::RegisterClassA(&wc))
+            return FALSE;
+    }
+    cs.lpszClass = s_szWndClass;
     return TRUE;
 }
 

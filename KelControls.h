@@ -21,6 +21,8 @@
 #include "controls/StringEdit.h"
 #include "controls/NumericEdit.h"
 #include "controls/StringComboBox.h"
+#include "controls/NumericComboBox.h"
+#include "controls/DateComboBox.h"
 #include "controls/ComboBoxAutoComplete.h"
 #include "controls/DateEdit.h"
 #include "controls/TimeEdit.h"

@@ -173,6 +173,21 @@ void CStringComboBox::SetFont(int nPointSize, LPCTSTR lpszFaceName, CDC* pDC)
         SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_pFont->GetSafeHandle()), TRUE);
 }
 
+BOOL CStringComboBox::GetValidationText(int nIndex, CDataExchange* pDX, CString& strText)
+{
+    int nCount = ::IsWindow(m_hWnd) ? GetCount() : 0;
+    if (nIndex != -1 && (nIndex < 0 || nIndex > nCount))
+        return FALSE;
+    // An exchange that loads the dialog must not write into the combo: the combo's own text.
+    if (pDX != NULL && pDX->m_bSaveAndValidate)
+        DDX_CBString(pDX, GetDlgCtrlID(), strText);
+    else
+        GetWindowText(strText);
+    if (nIndex != -1)
+        GetAt(nIndex, strText);
+    return TRUE;
+}
+
 CStringEdit* CStringComboBox::CreateFieldEdit()
 {
     return NULL;
@@ -188,6 +203,7 @@ void CStringComboBox::AttachFieldEdit()
         return;
     m_pFieldEdit->SetTextColor(m_crText);
     m_pFieldEdit->SetBkColor(m_crBack);
+    m_pFieldEdit->SetDynamicErrChecking(m_bDynamicErrChecking);
     m_pFieldEdit->SubclassWindow(hWndField);
 }
 

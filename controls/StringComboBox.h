@@ -78,6 +78,12 @@ protected:
     afx_msg void OnDestroy();
     DECLARE_MESSAGE_MAP()
 
+    // The text a typed combo validates: with index -1 the edit field's (through DDX_CBString
+    // while an exchange saves), else item nIndex's, though an exchange runs DDX_CBString first.
+    // FALSE, quietly, for a negative index or one past the count: the count itself passes and
+    // reads an empty text, which the parser judges.
+    BOOL GetValidationText(int nIndex, CDataExchange* pDX, CString& strText);
+
     // Subclasses the edit field (the combo's first child) with CreateFieldEdit's edit, once.
     void AttachFieldEdit();
     // The text and the selection of the window go into the cache (they outlive the window).

@@ -7,6 +7,9 @@
 #include <afxdlg.h>
 #include <gtest/gtest.h>
 
+#include <float.h>
+#include <string.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -24,14 +27,17 @@ std::vector<WORD> ComboTemplate()
 {
     const DWORD dwDlgStyle = WS_POPUP | DS_MODALFRAME;
     std::vector<WORD> words = {LOWORD(dwDlgStyle), HIWORD(dwDlgStyle), 0, 0, 2, 0, 0, 200, 100, 0, 0, 0};
-    auto add = [&](WORD wClass, WORD nID, DWORD dwStyle, WORD y, WORD cy) {
+    auto add = [&](WORD wClass, WORD nID, DWORD dwStyle, WORD y, WORD cy, const char* pszText) {
         if (words.size() % 2 != 0)
             words.push_back(0);
         dwStyle |= WS_CHILD | WS_VISIBLE;
-        words.insert(words.end(), {LOWORD(dwStyle), HIWORD(dwStyle), 0, 0, 10, y, 80, cy, nID, 0xFFFF, wClass, 0, 0});
+        // Style, extended style, x, y, cx, cy, id, the class, the text, no creation data.
+        words.insert(words.end(), {LOWORD(dwStyle), HIWORD(dwStyle), 0, 0, 10, y, 80, cy, nID, 0xFFFF, wClass});
+        words.insert(words.end(), pszText, pszText + strlen(pszText) + 1);
+        words.push_back(0);
     };
-    add(0x82, IDC_LABEL, 0, 4, 10);                                // static
-    add(0x85, IDC_COMBO, CBS_DROPDOWN | WS_VSCROLL, 16, 60);       // combo box
+    add(0x82, IDC_LABEL, 0, 4, 10, "Level");                     // static
+    add(0x85, IDC_COMBO, CBS_DROPDOWN | WS_VSCROLL, 16, 60, ""); // combo box
     return words;
 }
 
@@ -68,6 +74,8 @@ protected:
     {
         ASSERT_GT(CImportRecorder::Get().Install(::GetModuleHandleA("KelControls.dll")), 0);
         ASSERT_TRUE(m_host.CreateEx(0, "STATIC", "", WS_POPUP, 20, 20, 300, 200, NULL, NULL));
+        // Shown without activation: taking the focus costs no wait when the window goes.
+        m_host.ShowWindow(SW_SHOWNOACTIVATE);
     }
     void TearDown() override { CImportRecorder::Get().Uninstall(); }
 
@@ -165,4 +173,163 @@ TEST_F(CComboTest, TheComboColoursItsEditField)
     EXPECT_EQ(RGB(200, 0, 0), ::GetTextColor(hDC));
     EXPECT_EQ(RGB(0, 0, 90), ::GetBkColor(hDC));
     ::ReleaseDC(hEdit, hDC);
+}
+
+TEST_F(CComboTest, TypedCombosReadTheFieldOrAnItemAndReportAsTheEdits)
+{
+    CLongComboBox combo;
+    Create(combo);
+    combo.SetMinMaxValues(1, 100);
+    for (LONG nItem : {10L, 20L, 30L, 40L, 200L})
+        combo += nItem;
+    combo = 50L;
+    CEdit other;
+    ASSERT_TRUE(other.Create(WS_CHILD | WS_VISIBLE, CRect(10, 160, 100, 180), &m_host, 2));
+    const std::string strRange = "The value entered is out of range!\n\rPlease enter a value between 1 and 100!";
+    struct
+    {
+        int nIndex;
+        int bDisplay;
+        BOOL bValid;
+        LONG nValue;
+        const char* pszBox;   // NULL: no box
+        bool bFocusMoves;
+    } const cases[] = {
+        {-1, 1, TRUE, 50, NULL, false},
+        {0, 1, TRUE, 10, NULL, false},
+        {4, 1, FALSE, 0, strRange.c_str(), true},
+        {4, 0, FALSE, 0, NULL, true},            // quiet, yet the focus moves
+        {5, 1, FALSE, 0, strRange.c_str(), true}, // the count: an empty text, which reads as 0
+        {6, 1, FALSE, 0, NULL, false},            // past the count: quietly
+        {-2, 1, FALSE, 0, NULL, false},
+    };
+    for (const auto& c : cases)
+    {
+        SCOPED_TRACE(c.nIndex);
+        CImportRecorder::Get().ClearRecords();
+        other.SetFocus();
+        combo.SetDisplayErrMsg(c.bDisplay);
+        LONG nValue = 0;
+        EXPECT_EQ(c.bValid, combo.GetValue(nValue, c.nIndex));
+        EXPECT_EQ(c.nValue, nValue);
+        ASSERT_EQ(c.pszBox != NULL ? 1u : 0u, Boxes().size());
+        if (c.pszBox != NULL)
+        {
+            EXPECT_EQ(c.pszBox, Boxes()[0].m_strText);
+            EXPECT_EQ(MB_ICONEXCLAMATION, Boxes()[0].m_uType);
+            EXPECT_EQ(m_host.m_hWnd, Boxes()[0].m_hWndOwner);
+        }
+        HWND hFocus = ::GetFocus();
+        EXPECT_EQ(c.bFocusMoves, hFocus == combo.m_hWnd || ::GetParent(hFocus) == combo.m_hWnd);
+    }
+    EXPECT_EQ(50, static_cast<LONG>(combo));
+    EXPECT_EQ(0, combo.GetValue(4)); // the start value on failure
+}
+
+TEST_F(CComboTest, TheFieldEditFiltersWithTheCombosSettingsAndColours)
+{
+    CShortComboBox level;
+    level.SetMinMaxValues(-10, 10);
+    level.SetTextColor(RGB(200, 0, 0));
+    Create(level);
+    CDateComboBox date;
+    date.SetDateSeperator('-');
+    ASSERT_TRUE(date.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(10, 40, 200, 150), &m_host, IDC_COMBO + 1));
+    ASSERT_NE(nullptr, dynamic_cast<CShortEdit*>(level.GetFieldEdit()));
+    ASSERT_NE(nullptr, dynamic_cast<CDateEdit*>(date.GetFieldEdit()));
+
+    struct
+    {
+        CComboBox* pCombo;
+        const char* pszTyped;
+        const char* pszText;
+        size_t nBeeps;
+    } const cases[] = {
+        {&level, "5x0", "5", 2}, // a letter, and 50 past the upper bound
+        {&level, "-9", "-9", 0},
+        {&date, "5-17x", "5-17", 1},
+    };
+    for (const auto& c : cases)
+    {
+        SCOPED_TRACE(c.pszTyped);
+        CImportRecorder::Get().ClearRecords();
+        HWND hEdit = ::GetWindow(c.pCombo->m_hWnd, GW_CHILD);
+        ::SetWindowTextA(hEdit, "");
+        CInput::TypeText(hEdit, c.pszTyped);
+        EXPECT_EQ(c.pszText, CInput::GetText(hEdit));
+        EXPECT_EQ(c.nBeeps, CImportRecorder::Get().GetRecords().m_beeps.size());
+    }
+
+    // The field edit paints in the combo's colours when its parent reflects the request to it.
+    HWND hEdit = ::GetWindow(level.m_hWnd, GW_CHILD);
+    HDC hDC = ::GetDC(hEdit);
+    ::SendMessageA(m_host.m_hWnd, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(hDC), reinterpret_cast<LPARAM>(hEdit));
+    EXPECT_EQ(RGB(200, 0, 0), ::GetTextColor(hDC));
+    ::ReleaseDC(hEdit, hDC);
+}
+
+TEST_F(CComboTest, DoubleAndDateCombosPrintAndReportInTheirOwnTerms)
+{
+    CDoubleComboBox level;
+    Create(level);
+    level.SetMinMaxValues(0.0, 1.0);
+    level.SetDisplayErrMsg(0);
+    EXPECT_EQ(0, level.AddString(0.5));
+    EXPECT_EQ("0.50", std::string(level.GetAt(0)));
+    double dValue = 0;
+    EXPECT_TRUE(level.GetValue(dValue, 1)); // an empty text is the undefined value, in range
+    EXPECT_EQ(DBL_MIN, dValue);
+    level = 2.0;
+    EXPECT_FALSE(level.GetValue(dValue));
+
+    CDateComboBox date;
+    date.SetDateSeperator('-');
+    date.SetMinMaxValues(CKelDate(2020, 1, 1), CKelDate(2020, 12, 31));
+    ASSERT_TRUE(date.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(10, 40, 200, 150), &m_host, IDC_COMBO + 1));
+    date.SetControlName("Premiere");
+    date += CKelDate(2020, 5, 17);
+    EXPECT_EQ("05-17-2020", std::string(date.GetAt(0)));
+    CKelDate read(0);
+    EXPECT_TRUE(date.GetValue(read, 0));
+    EXPECT_EQ(17, read.GetDay());
+
+    struct
+    {
+        const char* pszText;
+        const char* pszBox;
+    } const cases[] = {
+        {"13/1/2020", "Invalid Month"},
+        {"1/1/2021", "Premiere is out of range!\n\rPlease enter a value between 01-01-2020 and 12-31-2020!"},
+    };
+    for (const auto& c : cases)
+    {
+        CImportRecorder::Get().ClearRecords();
+        date = c.pszText;
+        EXPECT_FALSE(date.Validate());
+        ASSERT_EQ(1u, Boxes().size());
+        EXPECT_EQ(c.pszBox, Boxes()[0].m_strText);
+        EXPECT_EQ("Premiere", Boxes()[0].m_strCaption);
+    }
+}
+
+TEST_F(CComboTest, AFailedExchangeStopsTheDialogAtTheCombo)
+{
+    CComboDialog dlg;
+    CShortComboBox combo;
+    short nValue = 0;
+    dlg.m_exchange = [&](CDataExchange* pDX) {
+        if (pDX->m_bSaveAndValidate)
+            combo.ValidateAndGet(nValue, -1, pDX);
+    };
+    ASSERT_TRUE(OpenDialog(dlg, combo));
+    combo.SetControlName(); // the label in front of it
+    ::SetDlgItemTextA(dlg.m_hWnd, IDC_COMBO, "7");
+    EXPECT_TRUE(dlg.UpdateData(TRUE));
+    EXPECT_EQ(7, nValue);
+    ::SetDlgItemTextA(dlg.m_hWnd, IDC_COMBO, "7a");
+    EXPECT_FALSE(dlg.UpdateData(TRUE));
+    EXPECT_EQ(7, nValue);
+    ASSERT_EQ(1u, Boxes().size());
+    EXPECT_EQ("Level", Boxes()[0].m_strCaption);
+    dlg.DestroyWindow();
 }

@@ -5,6 +5,9 @@
 // A bound equal to its none value (DBL_MIN below, DBL_MAX above) leaves that side open. Dates
 // are printed, in the list and in the range message, in the combo's style (0..3, as
 // CKelDate::DATE_STYLE; any other style prints as month/day/year) with its separator.
+//
+// The field edit copies the bounds and settings when it is created, as the combo's window is
+// created or subclassed: set them before.
 #pragma once
 
 #include <afxwin.h>

@@ -39,7 +39,8 @@ int CDoubleComboBox::ValidateAndGet(double& value, int nIndex, CDataExchange* pD
         return FALSE;
     CString strMessage;
     double dRead = DBL_MIN;
-    int bValid = CDouble::ValidateAndGet(strText, dRead, &strMessage, m_nDecimalPlaces, m_bRound, m_bScientificNotation);
+    int bValid =
+        CDouble::ValidateAndGet(strText, dRead, &strMessage, m_nDecimalPlaces, m_bRound, m_bScientificNotation);
     // The combo has no switch to refuse the undefined value: it is checked against the bounds
     // like any other value, and passes while they are open.
     if (bValid && ((IsLowerSet() && dRead < m_dMinValue) || (IsUpperSet() && dRead > m_dMaxValue)))

@@ -5,6 +5,9 @@
 //
 // A failure takes the focus to the combo even when no box is shown, and never selects the
 // text: the user is back at the combo, where the list is at hand.
+//
+// The field edit copies the bounds and settings when it is created, as the combo's window is
+// created or subclassed: set them before.
 #pragma once
 
 #include <afxwin.h>

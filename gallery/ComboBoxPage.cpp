@@ -5,6 +5,9 @@ namespace
 enum
 {
     IDC_TEXT = 1001,
+    IDC_LEVEL,
+    IDC_FADE,
+    IDC_DATE,
     IDC_GELS,
     IDC_CHECK
 };
@@ -57,11 +60,20 @@ int CComboBoxPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
     if (CGalleryPage::OnCreate(lpCreateStruct) == -1)
         return -1;
+    // Bounds and settings before the windows: the field edits take them when they are created.
+    m_wndLevel.SetMinMaxValues(0, 100);
+    m_wndFade.SetMinMaxValues(0.0, 10.0);
+    m_wndFade.SetDecimalPlaces(1);
+    m_wndDate.SetMinMaxValues(CKelDate(2026, 1, 1), CKelDate(2026, 12, 31));
+    m_wndDate.SetDateSeperator('-');
     if (!CreateLabel(m_wndIntro, _T("Typed combo boxes filter typing as their edits do and validate the text or a ")
                                  _T("chosen item with the same messages. The gel combo asks the page for its list ")
                                  _T("when first needed and completes as you type; Enter on a new name adds it, F5 ")
                                  _T("picks the item named.")) ||
         !CreateRow(m_wndTextCaption, _T("Text (CStringComboBox), coloured:"), m_wndText, IDC_TEXT) ||
+        !CreateRow(m_wndLevelCaption, _T("Level 0..100 (CShortComboBox):"), m_wndLevel, IDC_LEVEL) ||
+        !CreateRow(m_wndFadeCaption, _T("Fade 0..10 s (CDoubleComboBox):"), m_wndFade, IDC_FADE) ||
+        !CreateRow(m_wndDateCaption, _T("Show date in 2026 (CDateComboBox):"), m_wndDate, IDC_DATE) ||
         !CreateRow(m_wndGelCaption, _T("Gel (CComboBoxAutoComplete):"), m_wndGels, IDC_GELS) ||
         !m_wndCheck.Create(_T("Check values"), WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, CRect(0, 0, 0, 0),
                            this, IDC_CHECK) ||
@@ -76,6 +88,19 @@ int CComboBoxPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
     m_wndText.SetBkColor(RGB(255, 250, 220));
     m_wndText.SetCurSel(2);
 
+    for (short nLevel = 0; nLevel <= 100; nLevel += 25)
+        m_wndLevel += nLevel;
+    m_wndLevel = static_cast<short>(50);
+    for (double dFade : {0.5, 1.0, 2.5, 5.0})
+        m_wndFade += dFade;
+    m_wndFade = 2.5;
+    m_wndDate += CKelDate(2026, 3, 14);
+    m_wndDate += CKelDate(2026, 11, 27);
+    m_wndDate = "11-27-2026";
+    for (CStringComboBox* pCombo : {static_cast<CStringComboBox*>(&m_wndLevel),
+                                    static_cast<CStringComboBox*>(&m_wndFade), static_cast<CStringComboBox*>(&m_wndDate)})
+        pCombo->SetControlName(); // the caption in front of it
+
     // What a user sees after typing "pr": the list asked for and completed to the first match.
     MSG msg = {::GetWindow(m_wndGels.m_hWnd, GW_CHILD), WM_KEYDOWN, 'P', 0, 0, {0, 0}};
     m_wndGels.PreTranslateMessage(&msg);
@@ -88,7 +113,9 @@ void CComboBoxPage::LayoutControls(int cx, int)
 {
     int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
     const int xCombo = MARGIN + CAPTION_WIDTH + GAP;
-    CWnd* const aRows[][2] = {{&m_wndTextCaption, &m_wndText}, {&m_wndGelCaption, &m_wndGels}};
+    CWnd* const aRows[][2] = {{&m_wndTextCaption, &m_wndText},   {&m_wndLevelCaption, &m_wndLevel},
+                              {&m_wndFadeCaption, &m_wndFade},   {&m_wndDateCaption, &m_wndDate},
+                              {&m_wndGelCaption, &m_wndGels}};
     for (CWnd* const* pRow : aRows)
     {
         pRow[0]->MoveWindow(MARGIN, y + (EDIT_HEIGHT - LINE_HEIGHT) / 2, CAPTION_WIDTH, LINE_HEIGHT);
@@ -151,7 +178,18 @@ LRESULT CComboBoxPage::OnEditKey(WPARAM, LPARAM lParam)
 
 void CComboBoxPage::OnCheckValues()
 {
-    SetStatus(_T("Every value is valid."));
+    // Each failure shows its box and takes the focus to its combo; the first one stops the check.
+    short nLevel = 0;
+    double dFade = 0.0;
+    CKelDate date(0);
+    if (m_wndLevel.GetValue(nLevel) && m_wndFade.GetValue(dFade) && m_wndDate.GetValue(date))
+    {
+        CString strStatus;
+        strStatus.Format(_T("Valid: level %d, fade %s s, show date %s."), nLevel,
+                         static_cast<LPCTSTR>(CDouble::Format(dFade, 1, 1, 0)),
+                         static_cast<LPCTSTR>(CKelDate::FmtMMsDDsYYYY(date.JulianValue(), '-')));
+        SetStatus(strStatus);
+    }
 }
 
 LPCTSTR CComboBoxPage::EnterSnapshotState(int nState, HWND* phWndPopup)

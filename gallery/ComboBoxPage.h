@@ -33,6 +33,12 @@ private:
     CStatic m_wndIntro;
     CStatic m_wndTextCaption;
     CStringComboBox m_wndText;
+    CStatic m_wndLevelCaption;
+    CShortComboBox m_wndLevel;
+    CStatic m_wndFadeCaption;
+    CDoubleComboBox m_wndFade;
+    CStatic m_wndDateCaption;
+    CDateComboBox m_wndDate;
     CStatic m_wndGelCaption;
     CComboBoxAutoComplete m_wndGels;
     CButton m_wndCheck;

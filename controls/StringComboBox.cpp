@@ -196,8 +196,10 @@ CStringEdit* CStringComboBox::CreateFieldEdit()
 void CStringComboBox::AttachFieldEdit()
 {
     HWND hWndField = ::GetWindow(m_hWnd, GW_CHILD);
-    if (m_pFieldEdit != NULL || hWndField == NULL)
+    if (hWndField == NULL || (m_pFieldEdit != NULL && m_pFieldEdit->m_hWnd != NULL))
         return;
+    // A combo subclassed again (a dialog opened once more) gets a fresh edit with today's bounds.
+    delete m_pFieldEdit;
     m_pFieldEdit = CreateFieldEdit();
     if (m_pFieldEdit == NULL)
         return;

@@ -84,7 +84,8 @@ protected:
     // reads an empty text, which the parser judges.
     BOOL GetValidationText(int nIndex, CDataExchange* pDX, CString& strText);
 
-    // Subclasses the edit field (the combo's first child) with CreateFieldEdit's edit, once.
+    // Subclasses the edit field (the combo's first child) with CreateFieldEdit's edit, unless
+    // the field edit holds it already.
     void AttachFieldEdit();
     // The text and the selection of the window go into the cache (they outlive the window).
     void CacheWindowState();

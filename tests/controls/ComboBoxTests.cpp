@@ -332,4 +332,10 @@ TEST_F(CComboTest, AFailedExchangeStopsTheDialogAtTheCombo)
     ASSERT_EQ(1u, Boxes().size());
     EXPECT_EQ("Level", Boxes()[0].m_strCaption);
     dlg.DestroyWindow();
+
+    // Opened again, the dialog's new edit field gets a field edit of its own.
+    ASSERT_TRUE(OpenDialog(dlg, combo));
+    ASSERT_NE(nullptr, combo.GetFieldEdit());
+    EXPECT_EQ(::GetWindow(combo.m_hWnd, GW_CHILD), combo.GetFieldEdit()->m_hWnd);
+    dlg.DestroyWindow();
 }

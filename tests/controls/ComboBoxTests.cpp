@@ -157,24 +157,6 @@ TEST_F(CComboTest, TheSelectionReachesTheDialogAndOutlivesIt)
     EXPECT_STREQ("plum", strText);
 }
 
-TEST_F(CComboTest, TheComboColoursItsEditField)
-{
-    CStringComboBox combo;
-    Create(combo);
-    combo.SetTextColor(RGB(200, 0, 0));
-    combo.SetBkColor(RGB(0, 0, 90));
-    HWND hEdit = ::GetWindow(combo.m_hWnd, GW_CHILD);
-    HDC hDC = ::GetDC(hEdit);
-    HBRUSH hBrush = reinterpret_cast<HBRUSH>(
-        ::SendMessageA(combo.m_hWnd, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(hDC), reinterpret_cast<LPARAM>(hEdit)));
-    LOGBRUSH lb = {};
-    ASSERT_TRUE(::GetObjectA(hBrush, sizeof(lb), &lb));
-    EXPECT_EQ(RGB(0, 0, 90), lb.lbColor);
-    EXPECT_EQ(RGB(200, 0, 0), ::GetTextColor(hDC));
-    EXPECT_EQ(RGB(0, 0, 90), ::GetBkColor(hDC));
-    ::ReleaseDC(hEdit, hDC);
-}
-
 TEST_F(CComboTest, TypedCombosReadTheFieldOrAnItemAndReportAsTheEdits)
 {
     CLongComboBox combo;
@@ -230,8 +212,9 @@ TEST_F(CComboTest, TheFieldEditFiltersWithTheCombosSettingsAndColours)
 {
     CShortComboBox level;
     level.SetMinMaxValues(-10, 10);
-    level.SetTextColor(RGB(200, 0, 0));
     Create(level);
+    level.SetTextColor(RGB(200, 0, 0)); // after the field edit was made: it hears it when painting
+    level.SetBkColor(RGB(0, 0, 90));
     CDateComboBox date;
     date.SetDateSeperator('-');
     ASSERT_TRUE(date.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(10, 40, 200, 150), &m_host, IDC_COMBO + 1));
@@ -260,11 +243,22 @@ TEST_F(CComboTest, TheFieldEditFiltersWithTheCombosSettingsAndColours)
         EXPECT_EQ(c.nBeeps, CImportRecorder::Get().GetRecords().m_beeps.size());
     }
 
-    // The field edit paints in the combo's colours when its parent reflects the request to it.
+    // The edit field asks the combo for its colours (the system combo would pass the request on
+    // to the parent, which reflects it to the field edit): both answer with the combo's.
     HWND hEdit = ::GetWindow(level.m_hWnd, GW_CHILD);
     HDC hDC = ::GetDC(hEdit);
-    ::SendMessageA(m_host.m_hWnd, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(hDC), reinterpret_cast<LPARAM>(hEdit));
-    EXPECT_EQ(RGB(200, 0, 0), ::GetTextColor(hDC));
+    for (HWND hWndAsked : {level.m_hWnd, m_host.m_hWnd})
+    {
+        ::SetTextColor(hDC, RGB(0, 0, 0));
+        LRESULT lBrush = ::SendMessageA(hWndAsked, WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(hDC),
+                                        reinterpret_cast<LPARAM>(hEdit));
+        HBRUSH hBrush = reinterpret_cast<HBRUSH>(lBrush);
+        LOGBRUSH lb = {};
+        ASSERT_TRUE(::GetObjectA(hBrush, sizeof(lb), &lb));
+        EXPECT_EQ(RGB(0, 0, 90), lb.lbColor);
+        EXPECT_EQ(RGB(200, 0, 0), ::GetTextColor(hDC));
+        EXPECT_EQ(RGB(0, 0, 90), ::GetBkColor(hDC));
+    }
     ::ReleaseDC(hEdit, hDC);
 }
 

@@ -4,6 +4,7 @@
 #include <stdlib.h>
 
 #include "capture/WindowImage.h"
+#include "gallery/ComboBoxPage.h"
 #include "gallery/DateTimePage.h"
 #include "gallery/DmxCommandPage.h"
 #include "gallery/EditTipPage.h"
@@ -28,6 +29,7 @@ const struct
     {_T("Event list"), RUNTIME_CLASS(CEventListPage)},
     {_T("Listing"), RUNTIME_CLASS(CListingPage)},
     {_T("Transport buttons"), RUNTIME_CLASS(CTransportPage)},
+    {_T("Combo boxes"), RUNTIME_CLASS(CComboBoxPage)},
     {_T("Date, time and masks"), RUNTIME_CLASS(CDateTimePage)},
     {_T("Command edit"), RUNTIME_CLASS(CDmxCommandPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},

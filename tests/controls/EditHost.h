@@ -1,6 +1,8 @@
-// A host for the typed controls: the recorder window is the top-level parent and a plain child
-// CWnd holds the controls, so that their notifications are reflected back to them as in any
-// MFC window. Message boxes and beeps of the library are recorded, never shown.
+// Fixtures of the typed edits' tests, both with a hidden parent CWnd so that reflected
+// messages reach the edits as in a real host, and the library's message boxes and beeps recorded:
+// CEditTest: a popup CWnd is the parent.
+// CEditHost: the recorder window is the top-level parent and a plain child CWnd holds the
+// controls.
 #pragma once
 
 #include "KelControls.h"
@@ -11,6 +13,31 @@
 #include <gtest/gtest.h>
 
 #include <string>
+
+class CEditTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_host.CreateEx(0, "STATIC", "host", WS_POPUP, 0, 0, 400, 300, NULL, NULL));
+        ASSERT_GT(CImportRecorder::Get().Install(::GetModuleHandleA("KelControls.dll")), 0);
+    }
+    void TearDown() override { CImportRecorder::Get().Uninstall(); }
+
+    // The edits of a test sit one under the other.
+    void CreateEdit(CEdit& edit)
+    {
+        int y = 10 + 30 * m_nEdits++;
+        ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, CRect(10, y, 200, y + 24), &m_host,
+                                100 + m_nEdits));
+    }
+
+    static const CImportRecorder::CRecords& Records() { return CImportRecorder::Get().GetRecords(); }
+    static std::string Text(const CWnd& wnd) { return CInput::GetText(wnd.GetSafeHwnd()); }
+
+    CWnd m_host;
+    int m_nEdits = 0;
+};
 
 class CEditHost : public ::testing::Test
 {

@@ -10,6 +10,7 @@
 #include "gallery/GridPage.h"
 #include "gallery/ListingPage.h"
 #include "gallery/MillionRowsPage.h"
+#include "gallery/NumericEditPage.h"
 #include "gallery/TimeFieldPage.h"
 #include "gallery/TransportPage.h"
 
@@ -29,6 +30,7 @@ const struct
     {_T("Time fields"), RUNTIME_CLASS(CTimeFieldPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
+    {_T("Numeric edits"), RUNTIME_CLASS(CNumericEditPage)},
 };
 const int PAGE_COUNT = static_cast<int>(sizeof(s_aPages) / sizeof(s_aPages[0]));
 

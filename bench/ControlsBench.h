@@ -1,0 +1,18 @@
+// The measurements of controls_bench, one file per topic (EditBench.cpp, ...). Each returns the
+// median of many repetitions in milliseconds, or a negative number when its check failed (with
+// a message on stderr); controls_bench.cpp lists them with their targets.
+#pragma once
+
+#include <vector>
+
+namespace ControlsBench
+{
+// Milliseconds from a fixed start, from the performance counter.
+double NowMs();
+double Median(std::vector<double> values);
+
+// A keystroke through CLongEdit's filter, from WM_CHAR to the text it leaves: a digit that is
+// accepted, and a letter that is refused and the text restored.
+double LongEditDigitMs();
+double LongEditLetterMs();
+} // namespace ControlsBench

@@ -2,7 +2,6 @@
 
 #include "controls/ComboBoxAutoComplete.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <vector>
@@ -63,8 +62,6 @@ double ControlsBench::AutoCompleteKeystrokeMs()
         return -1.0;
     }
 
-    LARGE_INTEGER liFrequency;
-    ::QueryPerformanceFrequency(&liFrequency);
     std::vector<double> times;
     for (int nRun = 0; nRun < RUNS; ++nRun)
     {
@@ -76,12 +73,9 @@ double ControlsBench::AutoCompleteKeystrokeMs()
         char chDigit = static_cast<char>('0' + nRun % 10);
         PreTranslateKey(combo, hEdit, static_cast<UINT>(chDigit));
 
-        LARGE_INTEGER liStart, liEnd;
-        ::QueryPerformanceCounter(&liStart);
+        double dStart = NowMs();
         ::SendMessageA(hEdit, WM_CHAR, static_cast<WPARAM>(chDigit), 1);
-        ::QueryPerformanceCounter(&liEnd);
-        times.push_back(static_cast<double>(liEnd.QuadPart - liStart.QuadPart) * 1000.0 /
-                        static_cast<double>(liFrequency.QuadPart));
+        times.push_back(NowMs() - dStart);
 
         char szExpected[32], szText[32];
         snprintf(szExpected, sizeof(szExpected), "Record 0999%c0", chDigit);
@@ -92,6 +86,5 @@ double ControlsBench::AutoCompleteKeystrokeMs()
             return -1.0;
         }
     }
-    std::nth_element(times.begin(), times.begin() + RUNS / 2, times.end());
-    return times[RUNS / 2];
+    return Median(times);
 }

@@ -11,6 +11,11 @@ namespace ControlsBench
 double NowMs();
 double Median(std::vector<double> values);
 
+// A keystroke through CLongEdit's filter, from WM_CHAR to the text it leaves: a digit that is
+// accepted, and a letter that is refused and the text restored.
+double LongEditDigitMs();
+double LongEditLetterMs();
+
 // CDmxCommandEdit's static parse of a command of 1,000 terms, ranges and single channels
 // joined by '+', with a level: "1-5+11+21-25+...*50".
 double DmxCommandParseMs();

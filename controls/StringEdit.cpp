@@ -37,10 +37,19 @@ int CStringEdit::DynamicValidate()
     return Validate();
 }
 
+void CStringEdit::ReadWindowText(CString& strText) const
+{
+    const int nUsualLength = 63;
+    int nCopied = ::GetWindowTextA(m_hWnd, strText.GetBuffer(nUsualLength), nUsualLength + 1);
+    strText.ReleaseBuffer(nCopied);
+    if (nCopied >= nUsualLength)
+        CEdit::GetWindowText(strText); // perhaps longer: read it whole
+}
+
 void CStringEdit::GetWindowText(CString& strText) const
 {
     if (::IsWindow(m_hWnd))
-        CEdit::GetWindowText(strText);
+        ReadWindowText(strText);
     else
         strText = m_strText;
 }
@@ -48,7 +57,7 @@ void CStringEdit::GetWindowText(CString& strText) const
 CString CStringEdit::GetWindowText()
 {
     if (::IsWindow(m_hWnd))
-        CEdit::GetWindowText(m_strText);
+        ReadWindowText(m_strText);
     return m_strText;
 }
 
@@ -127,7 +136,7 @@ BOOL CStringEdit::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRES
 LRESULT CStringEdit::FilterChange(FILTER_KIND kind)
 {
     CString strBefore;
-    CEdit::GetWindowText(strBefore);
+    ReadWindowText(strBefore);
     DWORD dwSelStart = 0, dwSelEnd = 0;
     SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&dwSelStart), reinterpret_cast<LPARAM>(&dwSelEnd));
     SendMessage(WM_SETREDRAW, FALSE);
@@ -135,7 +144,7 @@ LRESULT CStringEdit::FilterChange(FILTER_KIND kind)
     LRESULT lResult = Default();
 
     CString strAfter;
-    CEdit::GetWindowText(strAfter);
+    ReadWindowText(strAfter);
     BOOL bCheck = !strAfter.IsEmpty() && (kind == FILTER_CHAR || strAfter != strBefore);
     if (bCheck)
     {
@@ -191,7 +200,7 @@ void CStringEdit::OnKillFocus(CWnd* pNewWnd)
 void CStringEdit::CacheWindowText()
 {
     if (::IsWindow(m_hWnd))
-        CEdit::GetWindowText(m_strText);
+        ReadWindowText(m_strText);
 }
 
 void CStringEdit::OnClose()

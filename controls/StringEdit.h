@@ -68,6 +68,9 @@ protected:
     LRESULT FilterChange(FILTER_KIND kind);
     // Puts the text of the window back in the cache (it outlives the window).
     void CacheWindowText();
+    // The window's text in one message when it is short, as it nearly always is: a keystroke
+    // reads the text three times, and every message to an edit is dear.
+    void ReadWindowText(CString& strText) const;
 
     COLORREF m_crText;
     COLORREF m_crBack;

@@ -13,6 +13,7 @@
 #include "gallery/GridPage.h"
 #include "gallery/ListingPage.h"
 #include "gallery/MillionRowsPage.h"
+#include "gallery/NumericEditPage.h"
 #include "gallery/ProgressPage.h"
 #include "gallery/TransportPage.h"
 
@@ -29,6 +30,7 @@ const struct
     {_T("Event list"), RUNTIME_CLASS(CEventListPage)},
     {_T("Listing"), RUNTIME_CLASS(CListingPage)},
     {_T("Transport buttons"), RUNTIME_CLASS(CTransportPage)},
+    {_T("Numeric edits"), RUNTIME_CLASS(CNumericEditPage)},
     {_T("Combo boxes"), RUNTIME_CLASS(CComboBoxPage)},
     {_T("Date, time and masks"), RUNTIME_CLASS(CDateTimePage)},
     {_T("Command edit"), RUNTIME_CLASS(CDmxCommandPage)},

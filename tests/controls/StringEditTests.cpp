@@ -59,6 +59,15 @@ TEST_F(CStringEditTest, TextIsCachedBeforeAndAfterTheWindow)
     ASSERT_TRUE(edit.DestroyWindow());
     EXPECT_STREQ("42", edit.GetWindowText());
     EXPECT_EQ(42, edit.GetValue());
+
+    // Short texts are read in one go, longer ones whole.
+    CreateEdit(m_edit);
+    for (size_t nLength : {62, 63, 64, 300})
+    {
+        const std::string strText(nLength, 'x');
+        m_edit = strText.c_str();
+        EXPECT_EQ(strText, static_cast<LPCTSTR>(m_edit.GetWindowText()));
+    }
 }
 
 TEST_F(CStringEditTest, ReflectedColourMessageSetsColoursAndAFreshBrush)

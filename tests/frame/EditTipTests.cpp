@@ -90,3 +90,23 @@ TEST_F(CEditTipTest, DestroyingTheEditDestroysItsTip)
     ::DestroyWindow(m_hEdit);
     EXPECT_FALSE(::IsWindow(m_hTip));
 }
+
+TEST_F(CEditTipTest, HoveringALongTextShowsTheTip)
+{
+    ::ShowWindow(m_hParent, SW_SHOWNOACTIVATE);
+    SetWidth(60);
+    ::SetWindowTextA(m_hEdit, "A text far longer than the edit is wide");
+    POINT pt = {10, 10};
+    ::ClientToScreen(m_hEdit, &pt);
+    ::SetCursorPos(pt.x, pt.y); // the tip checks that the pointer is still over its tool
+    ::SendMessageA(m_hEdit, WM_MOUSEMOVE, 0, MAKELPARAM(10, 10));
+    DWORD dwLimit = ::GetTickCount() + 3000;
+    while (!::IsWindowVisible(m_hTip) && ::GetTickCount() < dwLimit)
+    {
+        MSG msg;
+        while (::PeekMessageA(&msg, NULL, 0, 0, PM_REMOVE))
+            ::DispatchMessageA(&msg);
+        ::Sleep(10);
+    }
+    EXPECT_TRUE(::IsWindowVisible(m_hTip));
+}

@@ -648,6 +648,9 @@ protected:
     afx_msg LRESULT OnColumnChange(WPARAM wParam, LPARAM lParam);
     // A width change besides tells the parent (GM_COLUMNWIDTHCHANGED).
     afx_msg LRESULT OnSetColumnWidth(WPARAM wParam, LPARAM lParam);
+    // After a column's width changed from nOldWidth at the horizontal scroll position
+    // xOldScroll: moves the columns right of it on screen and repaints the column.
+    void RepaintResizedColumn(int col, int nOldWidth, int xOldScroll);
     // WM_MEASUREITEM, reflected by the parent, is answered by MeasureItem.
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
     // The right edge of every column, measured from the left edge of a row.

@@ -851,10 +851,13 @@ protected:
     int m_nMeasuredHeight = -1; // the row height the list view last measured, -1 before it did
     mutable std::vector<int> m_arColEdges; // empty until read again after a column change
     // The row DrawItem is painting (-1 outside it), its bounds, and whether the grid had the
-    // focus then: read once per row rather than once per cell.
+    // focus then: read once per row rather than once per cell, and once per paint in OnPaint
+    // (m_nPaintFocused, -1 outside it), since asking for the focus is a round trip to the
+    // window manager under Wine.
     int m_nDrawRow = -1;
     CRect m_rcDrawRow;
     BOOL m_bDrawFocused = FALSE;
+    int m_nPaintFocused = -1;
     BOOL m_bQuietStyle = FALSE;
 
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).

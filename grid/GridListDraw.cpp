@@ -87,6 +87,7 @@ void CGridList::OnPaint()
         dis.itemState = m_nDrawState;
         dis.hwndItem = m_hWnd;
         dis.hDC = dc.m_hDC;
+        m_nPaintFocused = ::GetFocus() == m_hWnd ? 1 : 0;
         for (int row = nFirst; row <= nLast; ++row)
         {
             dis.itemID = static_cast<UINT>(row);
@@ -94,6 +95,7 @@ void CGridList::OnPaint()
             ::OffsetRect(&dis.rcItem, 0, (row - nTop) * nHeight);
             DrawItem(&dis);
         }
+        m_nPaintFocused = -1;
         const std::vector<int>& arEdges = GetColumnEdges();
         nGridRight = rcRow.left + (arEdges.empty() ? 0 : arEdges.back());
         nGridBottom = rcRow.top + (m_nRows - nTop) * nHeight;
@@ -128,7 +130,7 @@ void CGridList::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     m_nDrawAction = lpDrawItemStruct->itemAction;
     m_nDrawRow = row;
     m_rcDrawRow = lpDrawItemStruct->rcItem;
-    m_bDrawFocused = ::GetFocus() == m_hWnd;
+    m_bDrawFocused = m_nPaintFocused >= 0 ? m_nPaintFocused : ::GetFocus() == m_hWnd;
     for (int col = nFirst; col <= nLast; ++col)
         DrawGridCell(row, col, lpDrawItemStruct->hDC);
     m_nDrawRow = -1;

@@ -706,8 +706,18 @@ protected:
     BOOL ChangeCellFlags(int row, int col, DWORD dwSet, DWORD dwClear);
     // Moves a stored cell when a row is inserted (nDelta 1) or deleted (nDelta -1) at nRow.
     static void ShiftCellRow(Cell& cell, int nRow, int nDelta);
-    // Repaints the cells of a rectangle of cells (columns left..right, rows top..bottom).
+    // Repaints the cells of a rectangle of cells (columns left..right, rows top..bottom), at
+    // once or, inside a refresh batch, when the batch ends.
     void RefreshRectCells(const CRect& rcCells);
+    // The client area a rectangle of cells covers on screen; FALSE when none.
+    BOOL GetCellsArea(const CRect& rcCells, CRect& rcArea);
+    // Between these, cell repaints are collected (in cells, so that a scroll in between moves
+    // them along) and invalidated when the outermost batch ends, each area once; none after
+    // the whole client area was invalidated.
+    void BeginRefreshBatch();
+    void EndRefreshBatch();
+    // Invalidates the whole client area, which covers the batch's cells as well.
+    void RefreshClientArea();
     // The rectangle of cells between two corners; whole rows of data cells in full-row grids.
     CRect GetDragRect(const Cell& anchor, const Cell& current) const;
     // Applies the copy/cut step: 1 copy, 2 cut; restores on rejection.
@@ -859,6 +869,11 @@ protected:
     BOOL m_bDrawFocused = FALSE;
     int m_nPaintFocused = -1;
     BOOL m_bQuietStyle = FALSE;
+    // The refresh batch: its depth, its cells and whether the whole client area is invalid
+    // since it began (or since the last paint).
+    int m_nRefreshBatch = 0;
+    std::vector<CRect> m_arBatchCells;
+    bool m_bBatchAllInvalid = false;
 
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;

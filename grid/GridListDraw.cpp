@@ -61,6 +61,7 @@ void DrawImageClipped(HIMAGELIST hImageList, int nImage, CDC* pDC, const CRect& 
 void CGridList::OnPaint()
 {
     CPaintDC dc(this);
+    m_bBatchAllInvalid = false;
     if (m_bPaintLocked)
         return;
     CRect rcClip(dc.m_ps.rcPaint);
@@ -617,18 +618,85 @@ bool CGridList::IsRefreshNeeded()
 
 void CGridList::RefreshCell(int row, int col)
 {
-    CRect rcCell;
-    if (IsRefreshNeeded() && GetCellRect(row, col, rcCell))
-        InvalidateRect(&rcCell, FALSE);
+    if (IsValidCell(row, col))
+        RefreshRectCells(CRect(col, row, col, row));
 }
 
 void CGridList::RefreshCell_FullRow(const Cell& cell)
 {
-    CRect rcRow;
     if (!IsFullRowSelectGrid())
         RefreshCell(cell);
-    else if (IsRefreshNeeded() && IsValidCell(cell.row, cell.col) && GetItemRect(cell.row, &rcRow, LVIR_BOUNDS))
-        InvalidateRect(&rcRow, FALSE);
+    else if (IsValidCell(cell.row, cell.col))
+        RefreshRectCells(CRect(0, cell.row, m_nCols - 1, cell.row));
+}
+
+void CGridList::RefreshRectCells(const CRect& rcCells)
+{
+    if (!IsRefreshNeeded() || rcCells.right < rcCells.left || rcCells.bottom < rcCells.top)
+        return;
+    if (m_nRefreshBatch == 0)
+    {
+        CRect rcArea;
+        if (GetCellsArea(rcCells, rcArea))
+            InvalidateRect(&rcArea, FALSE);
+    }
+    else if (!m_bBatchAllInvalid)
+        m_arBatchCells.push_back(rcCells);
+}
+
+BOOL CGridList::GetCellsArea(const CRect& rcCells, CRect& rcArea)
+{
+    // Only the rows on screen are worth a rectangle, and only its part in the client area:
+    // under Wine every invalidation is a round trip to the window manager.
+    const int nTop = std::max<int>(rcCells.top, GetTopIndex());
+    const int nBottom = std::min<int>(rcCells.bottom, GetTopIndex() + GetCountPerPage() + 1);
+    CRect rcFirst, rcLast, rcClient;
+    if (nTop > nBottom || !GetCellRect(nTop, rcCells.left, rcFirst) || !GetCellRect(nBottom, rcCells.right, rcLast))
+        return FALSE;
+    GetClientRect(&rcClient);
+    rcArea.UnionRect(&rcFirst, &rcLast);
+    return rcArea.IntersectRect(&rcArea, &rcClient);
+}
+
+void CGridList::BeginRefreshBatch()
+{
+    if (m_nRefreshBatch++ == 0)
+        m_bBatchAllInvalid = false;
+}
+
+void CGridList::EndRefreshBatch()
+{
+    if (m_nRefreshBatch == 0 || --m_nRefreshBatch > 0)
+        return;
+    std::vector<CRect> arCells;
+    arCells.swap(m_arBatchCells);
+    std::vector<CRect> arAreas;
+    for (const CRect& rcCells : arCells)
+    {
+        CRect rcArea;
+        if (GetCellsArea(rcCells, rcArea))
+            arAreas.push_back(rcArea);
+    }
+    // An area inside another (or equal to an earlier one) is left out.
+    for (size_t i = 0; i < arAreas.size(); ++i)
+    {
+        bool bCovered = false;
+        for (size_t j = 0; j < arAreas.size() && !bCovered; ++j)
+        {
+            CRect rcUnion;
+            rcUnion.UnionRect(&arAreas[i], &arAreas[j]);
+            bCovered = j != i && rcUnion == arAreas[j] && (arAreas[i] != arAreas[j] || j < i);
+        }
+        if (!bCovered)
+            InvalidateRect(&arAreas[i], FALSE);
+    }
+}
+
+void CGridList::RefreshClientArea()
+{
+    Invalidate(FALSE);
+    m_arBatchCells.clear();
+    m_bBatchAllInvalid = m_nRefreshBatch > 0;
 }
 
 void CGridList::RefreshCellEx(const Cell& cell, CDC* pDC, const CRect* pRect)

@@ -226,7 +226,7 @@ BOOL CGridList::EnsureVisible(int row, int col)
     }
     if (bScrolled)
     {
-        Invalidate(FALSE);
+        RefreshClientArea();
         SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
         SendScrollMsg(1, SB_ENDSCROLL, 0);
     }

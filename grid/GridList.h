@@ -716,8 +716,9 @@ protected:
     // the whole client area was invalidated.
     void BeginRefreshBatch();
     void EndRefreshBatch();
-    // Invalidates the whole client area, which covers the batch's cells as well.
-    void RefreshClientArea();
+    // Invalidates the whole client area (with bFrame the scroll bars too), which covers the
+    // batch's cells as well.
+    void RefreshClientArea(bool bFrame = false);
     // The rectangle of cells between two corners; whole rows of data cells in full-row grids.
     CRect GetDragRect(const Cell& anchor, const Cell& current) const;
     // Applies the copy/cut step: 1 copy, 2 cut; restores on rejection.
@@ -725,8 +726,9 @@ protected:
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
     // Runs change(), a change of the list view's count, columns or scroll position, without the
-    // list view drawing its scroll bars now.
-    void ChangeListQuietly(const std::function<void()>& change);
+    // list view drawing its scroll bars now. With bScrolls the change moves the rows: the whole
+    // window is repainted after it, at the next paint.
+    void ChangeListQuietly(const std::function<void()>& change, bool bScrolls = false);
     // The style messages, kept from the list view while ChangeListQuietly hides it.
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();

@@ -692,9 +692,9 @@ void CGridList::EndRefreshBatch()
     }
 }
 
-void CGridList::RefreshClientArea()
+void CGridList::RefreshClientArea(bool bFrame)
 {
-    Invalidate(FALSE);
+    ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | (bFrame ? RDW_FRAME : 0));
     m_arBatchCells.clear();
     m_bBatchAllInvalid = m_nRefreshBatch > 0;
 }

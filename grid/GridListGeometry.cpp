@@ -221,12 +221,11 @@ BOOL CGridList::EnsureVisible(int row, int col)
     bool bScrolled = false;
     if (row < nTop || row >= nTop + GetCountPerPage())
     {
-        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); });
+        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); }, true);
         bScrolled = GetTopIndex() != nTop;
     }
     if (bScrolled)
     {
-        RefreshClientArea();
         SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
         SendScrollMsg(1, SB_ENDSCROLL, 0);
     }

@@ -648,6 +648,9 @@ protected:
     afx_msg LRESULT OnColumnChange(WPARAM wParam, LPARAM lParam);
     // A width change besides tells the parent (GM_COLUMNWIDTHCHANGED).
     afx_msg LRESULT OnSetColumnWidth(WPARAM wParam, LPARAM lParam);
+    // After a column's width changed from nOldWidth at the horizontal scroll position
+    // xOldScroll: moves the columns right of it on screen and repaints the column.
+    void RepaintResizedColumn(int col, int nOldWidth, int xOldScroll);
     // WM_MEASUREITEM, reflected by the parent, is answered by MeasureItem.
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
     // The right edge of every column, measured from the left edge of a row.
@@ -703,8 +706,19 @@ protected:
     BOOL ChangeCellFlags(int row, int col, DWORD dwSet, DWORD dwClear);
     // Moves a stored cell when a row is inserted (nDelta 1) or deleted (nDelta -1) at nRow.
     static void ShiftCellRow(Cell& cell, int nRow, int nDelta);
-    // Repaints the cells of a rectangle of cells (columns left..right, rows top..bottom).
+    // Repaints the cells of a rectangle of cells (columns left..right, rows top..bottom), at
+    // once or, inside a refresh batch, when the batch ends.
     void RefreshRectCells(const CRect& rcCells);
+    // The client area a rectangle of cells covers on screen; FALSE when none.
+    BOOL GetCellsArea(const CRect& rcCells, CRect& rcArea);
+    // Between these, cell repaints are collected (in cells, so that a scroll in between moves
+    // them along) and invalidated when the outermost batch ends, each area once; none after
+    // the whole client area was invalidated.
+    void BeginRefreshBatch();
+    void EndRefreshBatch();
+    // Invalidates the whole client area (with bFrame the scroll bars too), which covers the
+    // batch's cells as well.
+    void RefreshClientArea(bool bFrame = false);
     // The rectangle of cells between two corners; whole rows of data cells in full-row grids.
     CRect GetDragRect(const Cell& anchor, const Cell& current) const;
     // Applies the copy/cut step: 1 copy, 2 cut; restores on rejection.
@@ -712,8 +726,9 @@ protected:
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
     // Runs change(), a change of the list view's count, columns or scroll position, without the
-    // list view drawing its scroll bars now.
-    void ChangeListQuietly(const std::function<void()>& change);
+    // list view drawing its scroll bars now. With bScrolls the change moves the rows: the whole
+    // window is repainted after it, at the next paint.
+    void ChangeListQuietly(const std::function<void()>& change, bool bScrolls = false);
     // The style messages, kept from the list view while ChangeListQuietly hides it.
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
@@ -848,11 +863,19 @@ protected:
     int m_nMeasuredHeight = -1; // the row height the list view last measured, -1 before it did
     mutable std::vector<int> m_arColEdges; // empty until read again after a column change
     // The row DrawItem is painting (-1 outside it), its bounds, and whether the grid had the
-    // focus then: read once per row rather than once per cell.
+    // focus then: read once per row rather than once per cell, and once per paint in OnPaint
+    // (m_nPaintFocused, -1 outside it), since asking for the focus is a round trip to the
+    // window manager under Wine.
     int m_nDrawRow = -1;
     CRect m_rcDrawRow;
     BOOL m_bDrawFocused = FALSE;
+    int m_nPaintFocused = -1;
     BOOL m_bQuietStyle = FALSE;
+    // The refresh batch: its depth, its cells and whether the whole client area is invalid
+    // since it began (or since the last paint).
+    int m_nRefreshBatch = 0;
+    std::vector<CRect> m_arBatchCells;
+    bool m_bBatchAllInvalid = false;
 
     // The rows: each slot holds the row's record (or whatever SetItemDataPtr put there).
     std::vector<DWORD_PTR> m_arRows;

@@ -61,6 +61,7 @@ void DrawImageClipped(HIMAGELIST hImageList, int nImage, CDC* pDC, const CRect& 
 void CGridList::OnPaint()
 {
     CPaintDC dc(this);
+    m_bBatchAllInvalid = false;
     if (m_bPaintLocked)
         return;
     CRect rcClip(dc.m_ps.rcPaint);
@@ -87,6 +88,7 @@ void CGridList::OnPaint()
         dis.itemState = m_nDrawState;
         dis.hwndItem = m_hWnd;
         dis.hDC = dc.m_hDC;
+        m_nPaintFocused = ::GetFocus() == m_hWnd ? 1 : 0;
         for (int row = nFirst; row <= nLast; ++row)
         {
             dis.itemID = static_cast<UINT>(row);
@@ -94,6 +96,7 @@ void CGridList::OnPaint()
             ::OffsetRect(&dis.rcItem, 0, (row - nTop) * nHeight);
             DrawItem(&dis);
         }
+        m_nPaintFocused = -1;
         const std::vector<int>& arEdges = GetColumnEdges();
         nGridRight = rcRow.left + (arEdges.empty() ? 0 : arEdges.back());
         nGridBottom = rcRow.top + (m_nRows - nTop) * nHeight;
@@ -128,7 +131,7 @@ void CGridList::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     m_nDrawAction = lpDrawItemStruct->itemAction;
     m_nDrawRow = row;
     m_rcDrawRow = lpDrawItemStruct->rcItem;
-    m_bDrawFocused = ::GetFocus() == m_hWnd;
+    m_bDrawFocused = m_nPaintFocused >= 0 ? m_nPaintFocused : ::GetFocus() == m_hWnd;
     for (int col = nFirst; col <= nLast; ++col)
         DrawGridCell(row, col, lpDrawItemStruct->hDC);
     m_nDrawRow = -1;
@@ -615,18 +618,85 @@ bool CGridList::IsRefreshNeeded()
 
 void CGridList::RefreshCell(int row, int col)
 {
-    CRect rcCell;
-    if (IsRefreshNeeded() && GetCellRect(row, col, rcCell))
-        InvalidateRect(&rcCell, FALSE);
+    if (IsValidCell(row, col))
+        RefreshRectCells(CRect(col, row, col, row));
 }
 
 void CGridList::RefreshCell_FullRow(const Cell& cell)
 {
-    CRect rcRow;
     if (!IsFullRowSelectGrid())
         RefreshCell(cell);
-    else if (IsRefreshNeeded() && IsValidCell(cell.row, cell.col) && GetItemRect(cell.row, &rcRow, LVIR_BOUNDS))
-        InvalidateRect(&rcRow, FALSE);
+    else if (IsValidCell(cell.row, cell.col))
+        RefreshRectCells(CRect(0, cell.row, m_nCols - 1, cell.row));
+}
+
+void CGridList::RefreshRectCells(const CRect& rcCells)
+{
+    if (!IsRefreshNeeded() || rcCells.right < rcCells.left || rcCells.bottom < rcCells.top)
+        return;
+    if (m_nRefreshBatch == 0)
+    {
+        CRect rcArea;
+        if (GetCellsArea(rcCells, rcArea))
+            InvalidateRect(&rcArea, FALSE);
+    }
+    else if (!m_bBatchAllInvalid)
+        m_arBatchCells.push_back(rcCells);
+}
+
+BOOL CGridList::GetCellsArea(const CRect& rcCells, CRect& rcArea)
+{
+    // Only the rows on screen are worth a rectangle, and only its part in the client area:
+    // under Wine every invalidation is a round trip to the window manager.
+    const int nTop = std::max<int>(rcCells.top, GetTopIndex());
+    const int nBottom = std::min<int>(rcCells.bottom, GetTopIndex() + GetCountPerPage() + 1);
+    CRect rcFirst, rcLast, rcClient;
+    if (nTop > nBottom || !GetCellRect(nTop, rcCells.left, rcFirst) || !GetCellRect(nBottom, rcCells.right, rcLast))
+        return FALSE;
+    GetClientRect(&rcClient);
+    rcArea.UnionRect(&rcFirst, &rcLast);
+    return rcArea.IntersectRect(&rcArea, &rcClient);
+}
+
+void CGridList::BeginRefreshBatch()
+{
+    if (m_nRefreshBatch++ == 0)
+        m_bBatchAllInvalid = false;
+}
+
+void CGridList::EndRefreshBatch()
+{
+    if (m_nRefreshBatch == 0 || --m_nRefreshBatch > 0)
+        return;
+    std::vector<CRect> arCells;
+    arCells.swap(m_arBatchCells);
+    std::vector<CRect> arAreas;
+    for (const CRect& rcCells : arCells)
+    {
+        CRect rcArea;
+        if (GetCellsArea(rcCells, rcArea))
+            arAreas.push_back(rcArea);
+    }
+    // An area inside another (or equal to an earlier one) is left out.
+    for (size_t i = 0; i < arAreas.size(); ++i)
+    {
+        bool bCovered = false;
+        for (size_t j = 0; j < arAreas.size() && !bCovered; ++j)
+        {
+            CRect rcUnion;
+            rcUnion.UnionRect(&arAreas[i], &arAreas[j]);
+            bCovered = j != i && rcUnion == arAreas[j] && (arAreas[i] != arAreas[j] || j < i);
+        }
+        if (!bCovered)
+            InvalidateRect(&arAreas[i], FALSE);
+    }
+}
+
+void CGridList::RefreshClientArea(bool bFrame)
+{
+    ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | (bFrame ? RDW_FRAME : 0));
+    m_arBatchCells.clear();
+    m_bBatchAllInvalid = m_nRefreshBatch > 0;
 }
 
 void CGridList::RefreshCellEx(const Cell& cell, CDC* pDC, const CRect* pRect)

@@ -32,11 +32,44 @@ LRESULT CGridList::OnColumnChange(WPARAM, LPARAM)
 
 LRESULT CGridList::OnSetColumnWidth(WPARAM wParam, LPARAM lParam)
 {
-    LRESULT lResult = OnColumnChange(wParam, lParam);
     const int col = static_cast<int>(wParam);
-    if (lResult != 0 && col >= 0 && col < m_nCols && GetParent() != NULL)
+    const int nOldWidth = GetColumnWidth(col);
+    const int xOldScroll = GetScrollPos(SB_HORZ);
+    // A divider drag sets a width per mouse move: the list view would redraw its scroll bars
+    // and move the columns on screen each time. It changes the width quietly, and the grid
+    // moves and repaints what changed itself.
+    LRESULT lResult = 0;
+    ChangeListQuietly([this, wParam, lParam, &lResult]() { lResult = OnColumnChange(wParam, lParam); });
+    if (lResult == 0 || col < 0 || col >= m_nCols)
+        return lResult;
+    RepaintResizedColumn(col, nOldWidth, xOldScroll);
+    if (GetParent() != NULL)
         GetParent()->SendMessage(GM_COLUMNWIDTHCHANGED, wParam, GetColumnWidth(col));
     return lResult;
+}
+
+void CGridList::RepaintResizedColumn(int col, int nOldWidth, int xOldScroll)
+{
+    if (!IsRefreshNeeded())
+        return;
+    if (GetScrollPos(SB_HORZ) != xOldScroll)
+    {
+        Invalidate(FALSE); // every column moved
+        return;
+    }
+    CRect rcClient;
+    GetClientRect(&rcClient);
+    const int nNewWidth = GetColumnWidth(col);
+    const int xLeft = (col > 0 ? GetColumnEdges()[static_cast<size_t>(col) - 1] : 0) - xOldScroll;
+    // What lies right of the column moves with its right edge; the column itself is painted
+    // anew, since its texts may be aligned anywhere in it.
+    CRect rcBeyond(rcClient);
+    rcBeyond.left = std::max<int>(rcClient.left, xLeft + std::min(nOldWidth, nNewWidth));
+    if (!rcBeyond.IsRectEmpty() && nNewWidth != nOldWidth)
+        ScrollWindowEx(nNewWidth - nOldWidth, 0, &rcBeyond, &rcBeyond, NULL, NULL, SW_INVALIDATE);
+    CRect rcColumn(xLeft, rcClient.top, xLeft + std::max(nOldWidth, nNewWidth), rcClient.bottom);
+    if (rcColumn.IntersectRect(&rcColumn, &rcClient))
+        InvalidateRect(&rcColumn, FALSE);
 }
 
 int CGridList::GetColumnWidth(int col) const
@@ -188,12 +221,11 @@ BOOL CGridList::EnsureVisible(int row, int col)
     bool bScrolled = false;
     if (row < nTop || row >= nTop + GetCountPerPage())
     {
-        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); });
+        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); }, true);
         bScrolled = GetTopIndex() != nTop;
     }
     if (bScrolled)
     {
-        Invalidate(FALSE);
         SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
         SendScrollMsg(1, SB_ENDSCROLL, 0);
     }

@@ -570,8 +570,10 @@ void CGridList::TabOut(bool bPrevious)
 
 void CGridList::OnChar(UINT nChar, UINT, UINT nFlags)
 {
-    if (IsEditStartChar(nChar) && ::GetKeyState(VK_CONTROL) >= 0 && (nFlags & 0x2000) == 0 &&
-        BeginTriggerEdit(GET_CHAR, nChar) == 0)
+    // The key state last: under Wine reading it is a round trip to the window manager, which
+    // type-ahead would pay for every key.
+    if (IsEditStartChar(nChar) && (nFlags & 0x2000) == 0 && IsEditorStyle(GetGridEditStyle(GET_CHAR)) &&
+        ::GetKeyState(VK_CONTROL) >= 0 && BeginTriggerEdit(GET_CHAR, nChar) == 0)
         return;
     if (IsKeyboardFind())
         KeyboardFind(nChar);

@@ -213,18 +213,24 @@ void CGridList::CreateEditors()
     }
 }
 
-void CGridList::ChangeListQuietly(const std::function<void()>& change)
+void CGridList::ChangeListQuietly(const std::function<void()>& change, bool bScrolls)
 {
-    // The list view redraws its scroll bars at once whenever its count or columns change, which
-    // costs more than anything else an insert or delete does. While the window is marked
-    // invisible the scroll bars take their new ranges without drawing; the list view is kept
-    // from hearing of the style change, which would make it lay itself out and repaint afresh.
-    // The vertical bar is invalidated instead, when its thumb moved, and repaints with the next
-    // paint.
+    // The list view redraws its scroll bars at once whenever its count, columns or scroll
+    // position change, which costs more than anything else an insert, a delete or a column
+    // drag step does. While the window is marked invisible the scroll bars take their new ranges
+    // without drawing; the list view is kept from hearing of the style change, which would make
+    // it lay itself out and repaint afresh. A bar whose thumb moved is invalidated instead, and
+    // repaints with the next paint; after a scroll the whole window is, without comparing.
     const LONG_PTR nStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE);
-    SCROLLBARINFO before, after;
-    before.cbSize = after.cbSize = sizeof(SCROLLBARINFO);
-    if ((nStyle & WS_VISIBLE) == 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &before))
+    const LONG anBars[2] = {OBJID_VSCROLL, OBJID_HSCROLL};
+    SCROLLBARINFO before[2], after[2];
+    bool bRead = (nStyle & WS_VISIBLE) != 0;
+    for (int i = 0; i < 2 && bRead && !bScrolls; ++i)
+    {
+        before[i].cbSize = after[i].cbSize = sizeof(SCROLLBARINFO);
+        bRead = ::GetScrollBarInfo(m_hWnd, anBars[i], &before[i]) != FALSE;
+    }
+    if (!bRead)
     {
         change();
         return;
@@ -236,14 +242,23 @@ void CGridList::ChangeListQuietly(const std::function<void()>& change)
     const LONG_PTR nNewStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE) | WS_VISIBLE;
     ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nNewStyle);
     m_bQuietStyle = FALSE;
-    if (((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) != 0 || !::GetScrollBarInfo(m_hWnd, OBJID_VSCROLL, &after))
-        ::RedrawWindow(m_hWnd, NULL, NULL, RDW_INVALIDATE | RDW_FRAME); // the client area moved too
-    else if (after.xyThumbTop != before.xyThumbTop || after.xyThumbBottom != before.xyThumbBottom ||
-             after.rgstate[0] != before.rgstate[0])
+    bRead = !bScrolls && ((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) == 0;
+    for (int i = 0; i < 2 && bRead; ++i)
+        bRead = ::GetScrollBarInfo(m_hWnd, anBars[i], &after[i]) != FALSE;
+    if (!bRead)
     {
-        CRect rcBar(after.rcScrollBar);
-        ScreenToClient(&rcBar);
-        ::RedrawWindow(m_hWnd, &rcBar, NULL, RDW_INVALIDATE | RDW_FRAME);
+        RefreshClientArea(true);
+        return;
+    }
+    for (int i = 0; i < 2; ++i)
+    {
+        if (after[i].xyThumbTop != before[i].xyThumbTop || after[i].xyThumbBottom != before[i].xyThumbBottom ||
+            after[i].rgstate[0] != before[i].rgstate[0])
+        {
+            CRect rcBar(after[i].rcScrollBar);
+            ScreenToClient(&rcBar);
+            ::RedrawWindow(m_hWnd, &rcBar, NULL, RDW_INVALIDATE | RDW_FRAME);
+        }
     }
 }
 

@@ -220,20 +220,6 @@ BOOL CGridList::IsSelectedItem(int row, int col, bool bIgnorePrinting, CItemData
 
 // ---- Selection --------------------------------------------------------------------------------
 
-void CGridList::RefreshRectCells(const CRect& rcCells)
-{
-    if (!IsWindowVisible() || rcCells.right < rcCells.left || rcCells.bottom < rcCells.top)
-        return;
-    // Only the rows on screen are worth a rectangle.
-    int nTop = std::max<int>(rcCells.top, GetTopIndex());
-    int nBottom = std::min<int>(rcCells.bottom, GetTopIndex() + GetCountPerPage() + 1);
-    CRect rcFirst, rcLast;
-    if (nTop > nBottom || !GetCellRect(nTop, rcCells.left, rcFirst) || !GetCellRect(nBottom, rcCells.right, rcLast))
-        return;
-    rcFirst.UnionRect(&rcFirst, &rcLast);
-    InvalidateRect(&rcFirst, FALSE);
-}
-
 CRect CGridList::GetDragRect(const Cell& anchor, const Cell& current) const
 {
     CRect rc(std::min(anchor.col, current.col), std::min(anchor.row, current.row), std::max(anchor.col, current.col),
@@ -375,9 +361,13 @@ BOOL CGridList::SetCurSel(int row, int col, bool bEnsureVisible)
 {
     if (!IsNonHdrCell(row, col))
         return FALSE;
+    // The old and new caret and selection repaint once each, and not at all when the grid
+    // scrolls to the cell.
+    BeginRefreshBatch();
     RemoveAllSelectedNAddCell(Cell(row, col));
     if (bEnsureVisible)
         EnsureVisible(row, col);
+    EndRefreshBatch();
     return TRUE;
 }
 

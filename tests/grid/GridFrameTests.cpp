@@ -147,8 +147,18 @@ TEST_F(CGridFrameTest, WidthsInStepBothWaysAndTheHostMayVetoADrag)
     EXPECT_EQ(50, item.cxy);
 
     HWND hHeader = m_grid.GetHeader().GetSafeHwnd();
+    CWindowImage image;
+    ASSERT_TRUE(image.Capture(m_grid.GetList().GetSafeHwnd())); // painted before the drag
     CInput::Drag(hHeader, CPoint(COL_WIDTH - 1, 5), CPoint(COL_WIDTH + 29, 5));
     EXPECT_EQ(COL_WIDTH + 30, m_grid.GetList().GetColumnWidth(0));
+    // The list shows the columns' right grid lines where the drag left them, not where they were.
+    ASSERT_TRUE(image.Capture(m_grid.GetList().GetSafeHwnd()));
+    const COLORREF clrLine = RGB(200, 200, 200);
+    for (int nEdge : {COL_WIDTH, 2 * COL_WIDTH})
+    {
+        EXPECT_NE(clrLine, image.GetPixel(nEdge - 1, 8)) << nEdge;
+        EXPECT_EQ(clrLine, image.GetPixel(nEdge + 29, 8)) << nEdge;
+    }
     m_grid.GetHeader().GetItem(0, &item);
     EXPECT_EQ(COL_WIDTH + 30, item.cxy);
     const NMHEADERA* pTrack = m_host.GetLast<NMHEADERA>(HDN_TRACKA);

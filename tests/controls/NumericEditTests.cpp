@@ -1,6 +1,7 @@
 // The numeric edits: reading with range messages and the failure path, the keystroke, key and
 // paste filter with its relaxed lower bound and the double's special spellings, and the data
 // exchange of a real dialog.
+#include "tests/controls/DialogTemplate.h"
 #include "tests/controls/EditHost.h"
 #include "tests/harness/MessageSequence.h"
 
@@ -43,14 +44,14 @@ struct CEdits
         else if (kind == 'd')
             m_double.SetMinMaxValues(dMin, dMax);
     }
-    // GetValue(T&) of the kind; dValue receives the value, or -7 (7 unsigned) when none was stored.
+    // GetValue(T&) of the kind; dValue receives the value, or 7 when none was stored.
     int GetValue(char kind, double& dValue)
     {
-        short s = -7;
+        short s = 7;
         WORD w = 7;
-        LONG l = -7;
+        LONG l = 7;
         ULONG u = 7;
-        double d = -7;
+        double d = 7;
         int bValid = kind == 's'   ? m_short.GetValue(s)
                      : kind == 'w' ? m_ushort.GetValue(w)
                      : kind == 'l' ? m_long.GetValue(l)
@@ -61,20 +62,9 @@ struct CEdits
     }
 };
 
-void Paste(HWND hWndOwner, HWND hWndEdit, const char* pszText)
-{
-    ASSERT_TRUE(::OpenClipboard(hWndOwner));
-    ::EmptyClipboard();
-    HGLOBAL hText = ::GlobalAlloc(GMEM_MOVEABLE, strlen(pszText) + 1);
-    strcpy(static_cast<char*>(::GlobalLock(hText)), pszText);
-    ::GlobalUnlock(hText);
-    ::SetClipboardData(CF_TEXT, hText);
-    ::CloseClipboard();
-    ::SendMessage(hWndEdit, WM_PASTE, 0, 0);
-}
 } // namespace
 
-class CNumericEditTest : public CEditTest
+class CNumericEditTest : public CEditHost
 {
 protected:
     CEdits m_edits;
@@ -88,7 +78,7 @@ TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheNa
         const char* pszName;
         double dMin, dMax;
         const char* pszText;
-        const char* pszMessage; // NULL: valid
+        const char* pszMessage; // NULL: valid; "": fails quietly, with the display-error switch off
         double dValue = 0;
     } cases[] = {
         {'l', "", LONG_MIN, 100, "101",
@@ -112,6 +102,8 @@ TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheNa
         {'d', "", DBL_MIN, DBL_MAX, "", NULL, DBL_MIN},
         {'d', "", DBL_MIN, DBL_MAX, "??", NULL, DBL_MIN},
         {'d', "", DBL_MIN, DBL_MAX, "-INF", NULL, -DBL_MAX},
+        {'l', "", 1, 10, "0", ""},
+        {'d', "", DBL_MIN, DBL_MAX, "1x", ""},
     };
     for (const auto& c : cases)
     {
@@ -121,6 +113,8 @@ TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheNa
         CreateEdit(edit);
         edits.SetBounds(c.kind, c.dMin, c.dMax);
         edit.SetControlName(c.pszName);
+        const bool bQuiet = c.pszMessage != NULL && *c.pszMessage == '\0';
+        edit.SetDisplayErrMsg(!bQuiet);
         edit.SetWindowText(c.pszText);
         m_host.SetFocus();
         CImportRecorder::Get().ClearRecords();
@@ -134,7 +128,13 @@ TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheNa
             EXPECT_TRUE(boxes.empty());
             continue;
         }
-        EXPECT_EQ(c.kind == 'u' || c.kind == 'w' ? 7 : -7, dValue);
+        EXPECT_EQ(7, dValue);
+        if (bQuiet)
+        {
+            EXPECT_TRUE(boxes.empty());
+            EXPECT_EQ(m_host.m_hWnd, ::GetFocus());
+            continue;
+        }
         ASSERT_EQ(1u, boxes.size());
         EXPECT_EQ(c.pszMessage, boxes[0].m_strText);
         EXPECT_EQ(c.pszName, boxes[0].m_strCaption);
@@ -146,28 +146,7 @@ TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheNa
     }
 }
 
-TEST_F(CNumericEditTest, QuietFailureKeepsTheFocusAndGetValueGivesTheStartValue)
-{
-    CLongEdit& edit = m_edits.m_long;
-    CreateEdit(edit);
-    CreateEdit(m_edits.m_double);
-    edit.SetMinMaxValues(1, 10);
-    edit = "0";
-    m_edits.m_double = "1x";
-    edit.SetDisplayErrMsg(0);
-    m_edits.m_double.SetDisplayErrMsg(0);
-    m_host.SetFocus();
-
-    LONG nValue = 3;
-    EXPECT_FALSE(edit.GetValue(nValue));
-    EXPECT_EQ(3, nValue);
-    EXPECT_EQ(0, edit.GetValue());
-    EXPECT_EQ(DBL_MIN, m_edits.m_double.GetValue());
-    EXPECT_TRUE(Records().m_messageBoxes.empty());
-    EXPECT_EQ(m_host.m_hWnd, ::GetFocus());
-}
-
-TEST_F(CNumericEditTest, TypingAndKeysAreJudgedWithTheLowerBoundRelaxed)
+TEST_F(CNumericEditTest, TypingKeysAndPastesAreJudgedWithTheLowerBoundRelaxed)
 {
     const char DEL = '\x7f', HOME = '\x02';
     const struct
@@ -175,7 +154,7 @@ TEST_F(CNumericEditTest, TypingAndKeysAreJudgedWithTheLowerBoundRelaxed)
         char kind;
         double dMin, dMax;
         int bDynamic;
-        const char* pszKeys; // typed, but DEL and HOME are keys pressed
+        const char* pszKeys; // typed, but DEL and HOME are keys pressed and what follows ^ is pasted
         const char* pszText;
         size_t nBeeps;
         DWORD dwCaret = 0; // where a refusal leaves the caret
@@ -188,6 +167,10 @@ TEST_F(CNumericEditTest, TypingAndKeysAreJudgedWithTheLowerBoundRelaxed)
         {'w', 0, 0, 1, "65536", "6553", 1, 4},
         {'s', 0, 0, 0, "ab", "ab", 0},
         {'s', 0, 0, 0, "ab\x02\x7f", "ab", 1, 0}, // Delete is judged with checking off
+        {'l', 0, 0, 1, "5^34", "534", 0},
+        {'l', 0, 0, 1, "5^3x", "5", 1, 1},
+        {'l', 0, 0, 0, "5^3x", "5", 1, 1}, // and so is a paste
+        {'l', 0, 0, 0, "5^", "5", 0},
         {'d', 0, 0, 1, "-", "-", 0},
         {'d', 0, 0, 1, "+I", "+I", 0},
         {'d', 0, 0, 1, "-IN", "-IN", 0},
@@ -209,6 +192,11 @@ TEST_F(CNumericEditTest, TypingAndKeysAreJudgedWithTheLowerBoundRelaxed)
         CImportRecorder::Get().ClearRecords();
         for (const char* p = c.pszKeys; *p != '\0'; ++p)
         {
+            if (*p == '^')
+            {
+                Paste(edit, p + 1);
+                break;
+            }
             if (*p == DEL || *p == HOME)
                 CInput::PressKey(edit, *p == DEL ? VK_DELETE : VK_HOME);
             else
@@ -254,34 +242,6 @@ TEST_F(CNumericEditTest, ARefusedKeystrokeRestoresTextAndSelectionWithRedrawingO
     EXPECT_EQ(1u, Records().m_beeps.size());
 }
 
-TEST_F(CNumericEditTest, PastesAreJudgedWhateverTheCheckingSwitch)
-{
-    const struct
-    {
-        int bDynamic;
-        const char* pszPaste;
-        const char* pszText;
-        size_t nBeeps;
-    } cases[] = {
-        {1, "34", "534", 0},
-        {1, "3x", "5", 1},
-        {0, "3x", "5", 1},
-        {0, "", "5", 0},
-    };
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.pszPaste);
-        CLongEdit edit;
-        CreateEdit(edit);
-        edit.SetDynamicErrChecking(c.bDynamic);
-        CInput::TypeText(edit, "5");
-        CImportRecorder::Get().ClearRecords();
-        Paste(m_host, edit, c.pszPaste);
-        EXPECT_EQ(c.pszText, Text(edit));
-        EXPECT_EQ(c.nBeeps, Records().m_beeps.size());
-    }
-}
-
 namespace
 {
 enum
@@ -289,26 +249,6 @@ enum
     IDC_LABEL = 100,
     IDC_PORT
 };
-
-// A hidden dialog from a template in memory: the label "Port" and, after it, the port edit.
-std::vector<WORD> PortTemplate()
-{
-    const DWORD dwDlgStyle = WS_POPUP | DS_MODALFRAME;
-    std::vector<WORD> words = {LOWORD(dwDlgStyle), HIWORD(dwDlgStyle), 0, 0, 2, 0, 0, 200, 60, 0, 0, 0};
-    auto add = [&](WORD wClass, WORD nID, DWORD dwStyle, const wchar_t* pszText) {
-        if (words.size() % 2 != 0)
-            words.push_back(0);
-        dwStyle |= WS_CHILD | WS_VISIBLE;
-        WORD y = static_cast<WORD>(nID == IDC_LABEL ? 4 : 20);
-        words.insert(words.end(), {LOWORD(dwStyle), HIWORD(dwStyle), 0, 0, 10, y, 80, 12, nID, 0xFFFF, wClass});
-        for (const wchar_t* p = pszText; *p != 0; ++p)
-            words.push_back(*p);
-        words.insert(words.end(), {0, 0});
-    };
-    add(0x82, IDC_LABEL, 0, L"Port");
-    add(0x81, IDC_PORT, WS_TABSTOP | ES_AUTOHSCROLL, L"");
-    return words;
-}
 
 class CPortDialog : public CDialog
 {
@@ -332,7 +272,9 @@ public:
 
 TEST_F(CNumericEditTest, DialogShowsTheValueSetBeforehandAndAFailureEndsTheExchange)
 {
-    const std::vector<WORD> words = PortTemplate();
+    // The label "Port" and, after it, the port edit.
+    const std::vector<WORD> words = DialogTemplate(
+        {{0x82, IDC_LABEL, 0, 4, 12, "Port"}, {0x81, IDC_PORT, WS_TABSTOP | ES_AUTOHSCROLL, 20, 12, ""}});
     CPortDialog dlg;
     dlg.m_edit.SetMinMaxValues(1, 10);
     dlg.m_edit = 7L;

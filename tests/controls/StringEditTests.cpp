@@ -27,7 +27,7 @@ void OnKillFocusProc(CWnd* pThis, CWnd* pNew)
 }
 } // namespace
 
-class CStringEditTest : public CEditTest
+class CStringEditTest : public CEditHost
 {
 protected:
     void TearDown() override
@@ -37,7 +37,7 @@ protected:
         m_edit.SetKillFocusProc(NULL);
         s_calls.clear();
         s_pFocusTarget = NULL;
-        CEditTest::TearDown();
+        CEditHost::TearDown();
     }
 
     CStringEdit m_edit;

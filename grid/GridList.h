@@ -659,6 +659,22 @@ protected:
     BOOL GetColumnsInSpan(int xRow, int xLeft, int xRight, int& nFirst, int& nLast) const;
     // A scroll request on a bar (SB_HORZ or SB_VERT) as the scroll bar would send it.
     void OnScrollRequest(int nBar, UINT nSBCode, UINT nPos);
+    // The vertical scroll position is the grid's own (m_nTopRow): the list view's messages
+    // that read or move it are answered by the grid, which moves its cells itself.
+    afx_msg LRESULT OnGetTopIndex(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnScrollMsg(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnEnsureVisibleMsg(WPARAM wParam, LPARAM lParam);
+    // A row's rectangle in client coordinates (the list view's width, the grid's position).
+    BOOL GetRowRect(int row, CRect& rect) const;
+    // Makes nTop, within the rows a full page can start at, the top row; bQuiet leaves the
+    // rows and the bar to the next paint, otherwise the rows on screen move and the bar is
+    // drawn now. Returns whether the top row changed.
+    bool ScrollToRow(int nTop, bool bQuiet);
+    // Scrolls quietly the least that shows the whole row; whether the top row changed.
+    bool ScrollRowIntoView(int row);
+    // After the list view set its bar's range (a count or size change), the grid's position
+    // goes back on the bar, within the new range.
+    void RestoreTopRow();
     // The cell rectangle less the right and bottom grid lines, when they are drawn.
     CRect GetCellInnerRect(const CRect& rcCell) const;
     // The edit icon a cell shows now (its own, or the caret's on the focused cell only), -1 for
@@ -725,10 +741,9 @@ protected:
     BOOL CopyOrCut(int nState);
     // The row vector's count to the list view, without repainting rows that did not move.
     void UpdateItemCount(int nFromRow);
-    // Runs change(), a change of the list view's count, columns or scroll position, without the
-    // list view drawing its scroll bars now. With bScrolls the change moves the rows: the whole
-    // window is repainted after it, at the next paint.
-    void ChangeListQuietly(const std::function<void()>& change, bool bScrolls = false);
+    // Runs change(), a change of the list view's count or columns, without the list view drawing
+    // its scroll bars now.
+    void ChangeListQuietly(const std::function<void()>& change);
     // The style messages, kept from the list view while ChangeListQuietly hides it.
     afx_msg LRESULT OnStyleChange(WPARAM wParam, LPARAM lParam);
     void FreeAllRows();
@@ -871,6 +886,7 @@ protected:
     BOOL m_bDrawFocused = FALSE;
     int m_nPaintFocused = -1;
     BOOL m_bQuietStyle = FALSE;
+    int m_nTopRow = 0; // the first row on screen
     // The refresh batch: its depth, its cells and whether the whole client area is invalid
     // since it began (or since the last paint).
     int m_nRefreshBatch = 0;

@@ -74,9 +74,9 @@ void CGridList::OnPaint()
     GetClientRect(&rcClient);
     int nGridRight = rcClient.left;
     int nGridBottom = rcClient.top;
-    const int nTop = GetTopIndex();
+    const int nTop = m_nTopRow;
     CRect rcRow;
-    if (m_nRows > 0 && GetItemRect(nTop, &rcRow, LVIR_BOUNDS) && rcRow.Height() > 0)
+    if (GetRowRect(nTop, rcRow) && rcRow.Height() > 0)
     {
         const int nHeight = rcRow.Height();
         const int nFirst = nTop + std::max<int>(0, (rcClip.top - rcRow.top) / nHeight);
@@ -648,8 +648,8 @@ BOOL CGridList::GetCellsArea(const CRect& rcCells, CRect& rcArea)
 {
     // Only the rows on screen are worth a rectangle, and only its part in the client area:
     // under Wine every invalidation is a round trip to the window manager.
-    const int nTop = std::max<int>(rcCells.top, GetTopIndex());
-    const int nBottom = std::min<int>(rcCells.bottom, GetTopIndex() + GetCountPerPage() + 1);
+    const int nTop = std::max<int>(rcCells.top, m_nTopRow);
+    const int nBottom = std::min<int>(rcCells.bottom, m_nTopRow + GetCountPerPage() + 1);
     CRect rcFirst, rcLast, rcClient;
     if (nTop > nBottom || !GetCellRect(nTop, rcCells.left, rcFirst) || !GetCellRect(nBottom, rcCells.right, rcLast))
         return FALSE;

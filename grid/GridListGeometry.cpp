@@ -131,12 +131,23 @@ BOOL CGridList::GetCellRect(int row, int col, CRect& rect)
     CRect rcRow;
     if (row == m_nDrawRow)
         rcRow = m_rcDrawRow;
-    else if (!GetItemRect(row, &rcRow, LVIR_BOUNDS))
+    else if (!GetRowRect(row, rcRow))
         return FALSE;
     // Sub-item 0 of a list view spans the whole row: the grid's column 0 is its first column only.
     const std::vector<int>& arEdges = GetColumnEdges();
     rect.SetRect(rcRow.left + (col > 0 ? arEdges[static_cast<size_t>(col) - 1] : 0), rcRow.top,
                  rcRow.left + arEdges[static_cast<size_t>(col)], rcRow.bottom);
+    return TRUE;
+}
+
+BOOL CGridList::GetRowRect(int row, CRect& rect) const
+{
+    // Rows are all as high and as wide as the list view's first; they lie from the top row down.
+    if (row < 0 || row >= m_nRows || !CListCtrl::GetItemRect(0, &rect, LVIR_BOUNDS))
+        return FALSE;
+    const int nHeight = rect.Height();
+    rect.top = (row - m_nTopRow) * nHeight;
+    rect.bottom = rect.top + nHeight;
     return TRUE;
 }
 
@@ -161,7 +172,7 @@ int CGridList::GetFirstVisibleRow() const
 {
     if (m_nRows <= GetFirstDataRow())
         return -1;
-    return GetTopIndex();
+    return m_nTopRow;
 }
 
 int CGridList::GetLastVisibleRow() const
@@ -171,7 +182,7 @@ int CGridList::GetLastVisibleRow() const
     CRect rcClient;
     GetClientRect(&rcClient);
     int nRows = m_nRowHeight > 0 ? rcClient.Height() / m_nRowHeight : 0;
-    return std::min(m_nRows - 1, std::max(0, nRows + GetTopIndex()));
+    return std::min(m_nRows - 1, std::max(0, nRows + m_nTopRow));
 }
 
 BOOL CGridList::GetVisibleCols(int& nFirst, int& nLast) const
@@ -214,19 +225,9 @@ BOOL CGridList::EnsureVisible(int row, int col)
     if (IsFullRowSelectGrid())
         col = GetFirstDataCol();
 
-    const int nTop = GetTopIndex();
-    // A row in the page needs nothing of the list view. Otherwise it scrolls quietly, neither
-    // blitting its rows nor drawing its scroll bar at once (what a jump costs most): the rows
-    // are painted afresh with the next paint.
-    bool bScrolled = false;
-    if (row < nTop || row >= nTop + GetCountPerPage())
+    if (ScrollRowIntoView(row))
     {
-        ChangeListQuietly([this, row]() { CListCtrl::EnsureVisible(row, FALSE); }, true);
-        bScrolled = GetTopIndex() != nTop;
-    }
-    if (bScrolled)
-    {
-        SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
+        SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(m_nTopRow));
         SendScrollMsg(1, SB_ENDSCROLL, 0);
     }
 
@@ -305,6 +306,7 @@ void CGridList::UpdateClientSizeToGrid()
 void CGridList::OnSize(UINT nType, int cx, int cy)
 {
     CListCtrl::OnSize(nType, cx, cy);
+    RestoreTopRow();
     if (m_bResizing || m_nEvenColumnWidth <= 0 || m_nCols <= 0)
         return;
     // Evenly spread columns share the client width, none narrower than the even width.
@@ -447,7 +449,45 @@ void CGridList::OnScrollRequest(int nBar, UINT nSBCode, UINT nPos)
         UpdateWindow();
     }
     SendScrollMsg(nBar == SB_VERT ? 1 : 0, nSBCode, nPos);
-    Default();
+    if (nBar == SB_HORZ)
+        Default();
+    else
+    {
+        const int nPage = std::max(1, GetCountPerPage());
+        int nTop = m_nTopRow;
+        SCROLLINFO si;
+        si.cbSize = sizeof(si);
+        switch (nSBCode)
+        {
+        case SB_LINEUP:
+            --nTop;
+            break;
+        case SB_LINEDOWN:
+            ++nTop;
+            break;
+        case SB_PAGEUP:
+            nTop -= nPage;
+            break;
+        case SB_PAGEDOWN:
+            nTop += nPage;
+            break;
+        case SB_TOP:
+            nTop = 0;
+            break;
+        case SB_BOTTOM:
+            nTop = m_nRows;
+            break;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            // The bar's own 32-bit position: the message's 16 bits do not reach past row 65535.
+            if (GetScrollInfo(SB_VERT, &si, SIF_TRACKPOS))
+                nTop = si.nTrackPos;
+            break;
+        default:
+            break;
+        }
+        ScrollToRow(nTop, false);
+    }
     if (nSBCode == SB_ENDSCROLL)
         UpdateFocusRect(true);
 }
@@ -460,4 +500,78 @@ void CGridList::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar*)
 void CGridList::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar*)
 {
     OnScrollRequest(SB_HORZ, nSBCode, nPos);
+}
+
+bool CGridList::ScrollToRow(int nTop, bool bQuiet)
+{
+    const int nPage = std::max(1, GetCountPerPage());
+    nTop = std::max(0, std::min(nTop, m_nRows - nPage));
+    const int nOldTop = m_nTopRow;
+    CRect rcRow;
+    if (nTop == nOldTop || !GetRowRect(nOldTop, rcRow))
+        return false;
+    m_nTopRow = nTop;
+    // The grid paints every cell itself, so moving is setting the bar and repainting; the list
+    // view's own scrolling (and hiding it so that it would not draw) costs many round trips to
+    // the window server under Wine.
+    SCROLLINFO si;
+    si.cbSize = sizeof(si);
+    si.fMask = SIF_POS;
+    si.nPos = nTop;
+    SetScrollInfo(SB_VERT, &si, !bQuiet);
+    if (bQuiet || abs(nTop - nOldTop) >= nPage)
+        RefreshClientArea(bQuiet);
+    else
+        ScrollWindowEx(0, (nOldTop - nTop) * rcRow.Height(), NULL, NULL, NULL, NULL, SW_INVALIDATE);
+    return true;
+}
+
+bool CGridList::ScrollRowIntoView(int row)
+{
+    // A jump neither blits the rows nor draws the bar at once (what it would cost most): the
+    // rows and the bar are painted afresh with the next paint.
+    const int nPage = std::max(1, GetCountPerPage());
+    if (row < m_nTopRow)
+        return ScrollToRow(row, true);
+    if (row >= m_nTopRow + nPage)
+        return ScrollToRow(row - nPage + 1, true);
+    return false;
+}
+
+void CGridList::RestoreTopRow()
+{
+    const int nTop = std::max(0, std::min(m_nTopRow, m_nRows - std::max(1, GetCountPerPage())));
+    if (GetScrollPos(SB_VERT) != nTop)
+        SetScrollPos(SB_VERT, nTop, FALSE);
+    if (nTop != m_nTopRow)
+    {
+        m_nTopRow = nTop;
+        RefreshClientArea(true);
+    }
+}
+
+LRESULT CGridList::OnGetTopIndex(WPARAM, LPARAM)
+{
+    return m_nTopRow;
+}
+
+LRESULT CGridList::OnScrollMsg(WPARAM wParam, LPARAM lParam)
+{
+    // Across, the list view scrolls; down, the grid moves by whole rows, the nearest to dy.
+    const int dy = static_cast<int>(lParam);
+    if (wParam != 0 && !DefWindowProc(LVM_SCROLL, wParam, 0))
+        return FALSE;
+    CRect rcRow;
+    if (dy != 0 && GetRowRect(m_nTopRow, rcRow) && rcRow.Height() > 0)
+        ScrollToRow(m_nTopRow + (dy + (dy < 0 ? -1 : 1) * rcRow.Height() / 2) / rcRow.Height(), false);
+    return TRUE;
+}
+
+LRESULT CGridList::OnEnsureVisibleMsg(WPARAM wParam, LPARAM)
+{
+    const int row = static_cast<int>(wParam);
+    if (row < 0 || row >= m_nRows)
+        return FALSE;
+    ScrollRowIntoView(row);
+    return TRUE;
 }

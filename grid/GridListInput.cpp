@@ -93,9 +93,9 @@ BOOL CGridList::HitTest(CPoint point, Cell& cell)
     if (m_nRows == 0 || !rcClient.PtInRect(point))
         return FALSE;
     // Rows are all as high as the top one.
-    const int nTop = GetTopIndex();
+    const int nTop = m_nTopRow;
     CRect rcTop;
-    if (!GetItemRect(nTop, &rcTop, LVIR_BOUNDS) || rcTop.Height() <= 0 || point.y < rcTop.top)
+    if (!GetRowRect(nTop, rcTop) || rcTop.Height() <= 0 || point.y < rcTop.top)
         return FALSE;
     const int row = nTop + (point.y - rcTop.top) / rcTop.Height();
     int nFirst = 0;
@@ -125,12 +125,12 @@ BOOL CGridList::FindClosestCell(const CPoint& point, int& row, int& col)
     GetClientRect(&rcClient);
     CRect rcTop;
     if (m_nRows <= GetFirstDataRow() || m_nCols <= GetFirstDataCol() || rcClient.IsRectEmpty() ||
-        !GetItemRect(GetTopIndex(), &rcTop, LVIR_BOUNDS))
+        !GetRowRect(m_nTopRow, rcTop))
         return FALSE;
     // Into the client area and the cells it shows, then onto the nearest data cell.
     const CSize size = GetGridSize();
     const LONG nRight = std::min<LONG>(rcClient.right, rcTop.left + size.cx) - 1;
-    const LONG nBottom = std::min<LONG>(rcClient.bottom, rcTop.top + (m_nRows - GetTopIndex()) * rcTop.Height()) - 1;
+    const LONG nBottom = std::min<LONG>(rcClient.bottom, rcTop.top + (m_nRows - m_nTopRow) * rcTop.Height()) - 1;
     CPoint pt(std::max<LONG>(rcClient.left, std::min<LONG>(point.x, nRight)),
               std::max<LONG>(rcClient.top, std::min<LONG>(point.y, nBottom)));
     Cell cell;
@@ -357,20 +357,17 @@ BOOL CGridList::OnMouseWheel(UINT, short zDelta, CPoint)
     SCROLLINFO si;
     si.cbSize = sizeof(si);
     si.fMask = SIF_ALL;
-    CRect rcTop;
-    const int nTop = GetTopIndex();
-    if (!GetScrollInfo(SB_VERT, &si) || !GetItemRect(nTop, &rcTop, LVIR_BOUNDS))
+    const int nTop = m_nTopRow;
+    if (!GetScrollInfo(SB_VERT, &si))
         return FALSE;
     const int nPage = static_cast<int>(si.nPage);
     const int nRows = GetWheelScrollRows(zDelta / WHEEL_DELTA, GetNumScrollLines(), nPage);
     const int nPos = std::max(0, std::min(nTop - nRows, std::max(0, si.nMax - nPage + 1)));
     if (nPos == nTop)
         return TRUE;
-    // The list view takes a thumb position from its own scroll bar, not from the message (whose
-    // 16 bits would not reach past row 65535 either): the grid scrolls itself and tells its
-    // partners the new position as a thumb-position request.
-    Scroll(CSize(0, (nPos - nTop) * rcTop.Height()));
-    SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(GetTopIndex()));
+    // The partners hear of the new position as a thumb-position request.
+    ScrollToRow(nPos, false);
+    SendScrollMsg(1, SB_THUMBPOSITION, static_cast<UINT>(m_nTopRow));
     SendScrollMsg(1, SB_ENDSCROLL, 0);
     return TRUE;
 }

@@ -21,6 +21,9 @@ ON_MESSAGE(LVM_DELETECOLUMN, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNA, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNW, OnColumnChange)
 ON_MESSAGE(LVM_SETCOLUMNWIDTH, OnSetColumnWidth)
+ON_MESSAGE(LVM_GETTOPINDEX, OnGetTopIndex)
+ON_MESSAGE(LVM_SCROLL, OnScrollMsg)
+ON_MESSAGE(LVM_ENSUREVISIBLE, OnEnsureVisibleMsg)
 ON_MESSAGE(WM_STYLECHANGING, OnStyleChange)
 ON_MESSAGE(WM_STYLECHANGED, OnStyleChange)
 // In-place editing.
@@ -213,19 +216,19 @@ void CGridList::CreateEditors()
     }
 }
 
-void CGridList::ChangeListQuietly(const std::function<void()>& change, bool bScrolls)
+void CGridList::ChangeListQuietly(const std::function<void()>& change)
 {
-    // The list view redraws its scroll bars at once whenever its count, columns or scroll
-    // position change, which costs more than anything else an insert, a delete or a column
-    // drag step does. While the window is marked invisible the scroll bars take their new ranges
-    // without drawing; the list view is kept from hearing of the style change, which would make
-    // it lay itself out and repaint afresh. A bar whose thumb moved is invalidated instead, and
-    // repaints with the next paint; after a scroll the whole window is, without comparing.
+    // The list view redraws its scroll bars at once whenever its count or columns change,
+    // which costs more than anything else an insert, a delete or a column drag step does.
+    // While the window is marked invisible the scroll bars take their new ranges without
+    // drawing; the list view is kept from hearing of the style change, which would make it lay
+    // itself out and repaint afresh. A bar whose thumb moved is invalidated instead, and
+    // repaints with the next paint.
     const LONG_PTR nStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE);
     const LONG anBars[2] = {OBJID_VSCROLL, OBJID_HSCROLL};
     SCROLLBARINFO before[2], after[2];
     bool bRead = (nStyle & WS_VISIBLE) != 0;
-    for (int i = 0; i < 2 && bRead && !bScrolls; ++i)
+    for (int i = 0; i < 2 && bRead; ++i)
     {
         before[i].cbSize = after[i].cbSize = sizeof(SCROLLBARINFO);
         bRead = ::GetScrollBarInfo(m_hWnd, anBars[i], &before[i]) != FALSE;
@@ -242,7 +245,7 @@ void CGridList::ChangeListQuietly(const std::function<void()>& change, bool bScr
     const LONG_PTR nNewStyle = ::GetWindowLongPtr(m_hWnd, GWL_STYLE) | WS_VISIBLE;
     ::SetWindowLongPtr(m_hWnd, GWL_STYLE, nNewStyle);
     m_bQuietStyle = FALSE;
-    bRead = !bScrolls && ((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) == 0;
+    bRead = ((nNewStyle ^ nStyle) & (WS_VSCROLL | WS_HSCROLL)) == 0;
     for (int i = 0; i < 2 && bRead; ++i)
         bRead = ::GetScrollBarInfo(m_hWnd, anBars[i], &after[i]) != FALSE;
     if (!bRead)
@@ -268,6 +271,7 @@ BOOL CGridList::InitRowsAndCols()
         return FALSE;
     FreeAllRows();
     m_arRows.assign(static_cast<size_t>(m_nRows), 0);
+    m_nTopRow = 0; // the list view starts again at its first row
     BOOL bBuilt = TRUE;
     ChangeListQuietly([this, &bBuilt]() {
         SetItemCountEx(0, 0);
@@ -300,14 +304,15 @@ void CGridList::UpdateItemCount(int nFromRow)
     if (GetSafeHwnd() == NULL)
         return;
     ChangeListQuietly([this]() { SetItemCountEx(m_nRows, LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL); });
+    RestoreTopRow();
     if (!IsWindowVisible())
         return;
     // Only the visible rows from the changed one down show something else now.
     CRect rcClient;
     GetClientRect(&rcClient);
-    int nTop = GetTopIndex();
+    int nTop = m_nTopRow;
     CRect rcTop;
-    if (m_nRows == 0 || !CListCtrl::GetItemRect(nTop, &rcTop, LVIR_BOUNDS))
+    if (!GetRowRect(nTop, rcTop))
     {
         Invalidate(FALSE);
         return;
@@ -354,7 +359,7 @@ int CGridList::InsertRow(int nRow, bool bNoRedraw)
         if (GetSafeHwnd() == NULL)
             ;
         else if (nFormerLast < 0 || (nFormerLast == 0 && m_bFixedRow) || m_nCols == (m_bFixedCol ? 1 : 0) ||
-                 !CListCtrl::GetItemRect(nFormerLast, &rcRow, LVIR_BOUNDS))
+                 !GetRowRect(nFormerLast, rcRow))
             Invalidate(FALSE);
         else
         {

@@ -114,3 +114,30 @@ TEST_F(CGridWindowTest, ScrollPartnersHearTheirBarsOnly)
     EXPECT_FALSE(m_grid.DeleteScrollWnd(vertical));
     EXPECT_FALSE(m_grid.SendScrollMsg(1, SB_LINEUP, 0));
 }
+
+TEST_F(CGridWindowTest, TheScrollPositionStaysWithinTheRowsAsTheyAndTheWindowChange)
+{
+    CreateGrid(100, 2, 50, 20, CSize(150, 200));
+    m_grid.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_BOTTOM, 0));
+    ASSERT_EQ(100 - m_grid.GetCountPerPage(), m_grid.GetTopIndex());
+    // The last row stays at the bottom of the window: the top row, the bar, the cells' places,
+    // hit testing and the pixels agree.
+    auto expectLastPage = [this]() {
+        const int nTop = m_grid.GetRowCount() - m_grid.GetCountPerPage();
+        EXPECT_EQ(nTop, m_grid.GetTopIndex());
+        EXPECT_EQ(nTop, m_grid.GetScrollPos(SB_VERT));
+        CRect rcCell;
+        ASSERT_TRUE(m_grid.GetCellRect(nTop, 1, rcCell));
+        EXPECT_EQ(0, rcCell.top);
+        Cell cell;
+        ASSERT_TRUE(m_grid.HitTest(CPoint(60, 5), cell));
+        EXPECT_EQ(nTop, cell.row);
+        m_grid.SetItemBkColor(nTop, 1, RGB(255, 0, 0));
+        EXPECT_EQ(RGB(255, 0, 0), Capture().GetPixel(60, 5));
+    };
+    for (int i = 0; i < 5; ++i)
+        ASSERT_TRUE(m_grid.DeleteRow(m_grid.GetRowCount() - 1));
+    expectLastPage();
+    m_grid.SetWindowPos(NULL, 0, 0, 150, 300, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    expectLastPage();
+}

@@ -30,6 +30,8 @@
 #include "controls/NoEdit.h"
 #include "controls/DmxCommandEdit.h"
 #include "controls/KelButton.h"
+#include "controls/StringStatic.h"
+#include "controls/TypedStatic.h"
 #include "indicators/ProgressWnd.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -32,6 +32,9 @@
 #include "controls/KelButton.h"
 #include "controls/StringStatic.h"
 #include "controls/TypedStatic.h"
+#include "controls/ColorComboBox.h"
+#include "controls/ColorStatic.h"
+#include "controls/ColorButton.h"
 #include "indicators/ProgressWnd.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -8,7 +8,7 @@
 // dialog template's text when the object was given none) is shown as it stands and read back:
 // without the prefix and suffix and trimmed, it becomes the value when it parses; otherwise, or
 // when nothing is left, the static holds no value and keeps its last one unseen. No message is
-// ever shown. A setting changed while a value is held prints the value again.
+// ever shown. A setting (the affixes too) changed while a value is held prints the value again.
 #pragma once
 
 #include "controls/StringStatic.h"
@@ -31,6 +31,11 @@ public:
         ShowValue();
     }
     void SetWindowText(const T& value) { SetValue(value); }
+    void SetAffixes(LPCTSTR lpszPrefix, LPCTSTR lpszSuffix)
+    {
+        CStringStatic::SetAffixes(lpszPrefix, lpszSuffix);
+        Reprint();
+    }
     T operator=(const T& value)
     {
         SetValue(value);

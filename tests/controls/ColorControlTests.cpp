@@ -113,6 +113,13 @@ TEST_F(CColorTest, TheComboListsTheStandardColoursAndAddsOthersBeforeTheCustomEn
     combo.SetSelectedColor(RGB(0, 0, 128));
     combo.DestroyWindow();
     EXPECT_EQ(RGB(0, 0, 128), combo.GetSelectedColor()); // as the window last had it
+
+    // A plain combo subclassed (a dialog's) gets the list too, and the colour given before.
+    HWND hWndPlain = ::CreateWindowA("COMBOBOX", "", WS_CHILD | CBS_DROPDOWNLIST, 10, 10, 150, 150, m_host.m_hWnd,
+                                     NULL, NULL, NULL);
+    ASSERT_TRUE(combo.SubclassWindow(hWndPlain));
+    EXPECT_EQ(16, combo.GetCount()); // the custom entry still off
+    EXPECT_EQ(4, combo.CComboBox::GetCurSel());
 }
 
 TEST_F(CColorTest, TheCustomEntryOpensTheDialogAndNeverReachesTheParent)

@@ -65,6 +65,9 @@ TEST_F(CStaticTest, ValuesArePrintedWithAffixesAndSettingsAndTextsReadBack)
         EXPECT_EQ(c.nValue, static_cast<short>(channel));
         EXPECT_EQ(c.pszText, Text(channel));
     }
+    channel = static_cast<short>(7);
+    channel.SetAffixes("#", NULL); // printed again
+    EXPECT_EQ("#7", Text(channel));
     channel.ClearValue();
     EXPECT_EQ("", Text(channel));
 

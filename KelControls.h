@@ -30,6 +30,11 @@
 #include "controls/NoEdit.h"
 #include "controls/DmxCommandEdit.h"
 #include "controls/KelButton.h"
+#include "controls/StringStatic.h"
+#include "controls/TypedStatic.h"
+#include "controls/ColorComboBox.h"
+#include "controls/ColorStatic.h"
+#include "controls/ColorButton.h"
 #include "indicators/ProgressWnd.h"
 #include "values/SpanFloppies.h"
 #endif

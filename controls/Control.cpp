@@ -106,3 +106,11 @@ CString CControl::FormatRangeMessage(LPCTSTR lpszLower, LPCTSTR lpszUpper, LPCTS
     strMessage += "!";
     return strMessage;
 }
+
+CString CControl::FormatChoiceMessage() const
+{
+    // The leading blank is part of the message hosts know.
+    CString strMessage;
+    strMessage.Format(" A %s must be selected!", static_cast<LPCTSTR>(m_strControlName));
+    return strMessage;
+}

@@ -69,6 +69,8 @@ protected:
     // phrase for the bounds that are set (NULL for an unset one), the bounds and "!".
     // lpszNoBounds is the phrase when neither bound is set.
     CString FormatRangeMessage(LPCTSTR lpszLower, LPCTSTR lpszUpper, LPCTSTR lpszNoBounds = NULL) const;
+    // The message of a choice left empty (a radio group, a colour): " A <name> must be selected!".
+    CString FormatChoiceMessage() const;
 
     CString m_strControlName;
     int m_bDisplayErrMsg;

@@ -206,10 +206,7 @@ int CRadioButton::ValidateAndGet(int& nIndex)
     nIndex = GetCheck();
     if (nIndex >= 0)
         return TRUE;
-    // The leading blank is part of the message hosts know.
-    CString strMessage;
-    strMessage.Format(" A %s must be selected!", static_cast<LPCTSTR>(m_strControlName));
-    return ReportFailure(strMessage, NULL, FOCUS_WHEN_SHOWN);
+    return ReportFailure(FormatChoiceMessage(), NULL, FOCUS_WHEN_SHOWN);
 }
 
 int CRadioButton::Validate()

@@ -15,6 +15,7 @@
 #include "gallery/MillionRowsPage.h"
 #include "gallery/NumericEditPage.h"
 #include "gallery/ProgressPage.h"
+#include "gallery/StaticsPage.h"
 #include "gallery/TransportPage.h"
 
 namespace
@@ -34,6 +35,7 @@ const struct
     {_T("Combo boxes"), RUNTIME_CLASS(CComboBoxPage)},
     {_T("Date, time and masks"), RUNTIME_CLASS(CDateTimePage)},
     {_T("Command edit"), RUNTIME_CLASS(CDmxCommandPage)},
+    {_T("Statics and colours"), RUNTIME_CLASS(CStaticsPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
     {_T("Progress window"), RUNTIME_CLASS(CProgressPage)},

@@ -86,6 +86,11 @@ struct CStandIns
         return TRUE;
     }
 
+    static BOOL WINAPI ChooseColorA(LPCHOOSECOLORA pChooseColor)
+    {
+        return CImportRecorder::Get().AnswerChooseColor(pChooseColor);
+    }
+
     [[noreturn]] static void WINAPI ExitProcess(UINT uExitCode)
     {
         CImportRecorder::Get().AnswerExitProcess(uExitCode);
@@ -114,6 +119,7 @@ const CHook* FindHook(LPCSTR pszDll, LPCSTR pszFunction)
         KEL_HOOK("user32.dll", MessageBoxA),
         KEL_HOOK("user32.dll", TrackPopupMenu),
         KEL_HOOK("user32.dll", MessageBeep),
+        KEL_HOOK("comdlg32.dll", ChooseColorA),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceExA),
         KEL_HOOK("kernel32.dll", GetDiskFreeSpaceA),
         KEL_HOOK("kernel32.dll", ExitProcess),
@@ -265,6 +271,7 @@ void CImportRecorder::ResetScript()
     m_nDefaultMessageBoxReply = IDOK;
     m_diskFreeSpaceAnswers.clear();
     m_menuCommands.clear();
+    m_chooseColorAnswers.clear();
     CDiskFreeSpace diskette = {TRUE, 0, DISKETTE_BYTES, DISKETTE_BYTES, DISKETTE_BYTES};
     m_defaultDiskFreeSpace = diskette;
 }
@@ -294,6 +301,16 @@ void CImportRecorder::PushDiskFreeSpaceFailure(DWORD dwError)
 void CImportRecorder::PushMenuCommand(UINT uCommand)
 {
     m_menuCommands.push_back(uCommand);
+}
+
+void CImportRecorder::PushChooseColorOk(COLORREF crChosen)
+{
+    m_chooseColorAnswers.push_back(std::make_pair(TRUE, crChosen));
+}
+
+void CImportRecorder::PushChooseColorCancel()
+{
+    m_chooseColorAnswers.push_back(std::make_pair(FALSE, COLORREF(0)));
 }
 
 void CImportRecorder::SetDefaultDiskFreeSpace(const CDiskFreeSpace& answer)
@@ -387,4 +404,22 @@ BOOL CImportRecorder::AnswerPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, HW
     if (call.m_uCommand != 0)
         PostMessageA(hWndOwner, WM_COMMAND, MAKEWPARAM(call.m_uCommand, 0), 0);
     return TRUE;
+}
+
+BOOL CImportRecorder::AnswerChooseColor(LPCHOOSECOLORA pChooseColor)
+{
+    std::pair<BOOL, COLORREF> answer(FALSE, 0);
+    if (!m_chooseColorAnswers.empty())
+    {
+        answer = m_chooseColorAnswers.front();
+        m_chooseColorAnswers.pop_front();
+    }
+    if (pChooseColor == NULL)
+        return FALSE;
+    CChooseColorCall call = {pChooseColor->hwndOwner,    pChooseColor->Flags, pChooseColor->rgbResult,
+                             pChooseColor->lpCustColors, answer.first,        answer.second};
+    m_records.m_chooseColors.push_back(call);
+    if (answer.first)
+        pChooseColor->rgbResult = answer.second;
+    return answer.first;
 }

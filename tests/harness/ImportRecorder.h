@@ -14,6 +14,8 @@
 //            first gets WM_INITMENUPOPUP (unless TPM_NONOTIFY); the command is returned with
 //            TPM_RETURNCMD, else posted to the owner as WM_COMMAND.
 //            MessageBeep: the sound type is recorded, nothing sounds.
+//   COMDLG32 ChooseColorA: recorded, never shown; the answer is the next queued one (OK with a
+//            colour, written into rgbResult, or Cancel), or Cancel when the queue is empty.
 //   KERNEL32 GetDiskFreeSpaceExA, GetDiskFreeSpaceA: recorded; the answer is the next queued
 //            one, or the default (a formatted 1.44 MB diskette, 1,457,664 bytes, all free).
 //            The old call reports 512-byte sectors, one per cluster.
@@ -31,7 +33,10 @@
 
 #include <windows.h>
 
+#include <commdlg.h>
+
 #include <deque>
+#include <utility>
 #include <string>
 #include <vector>
 
@@ -80,11 +85,22 @@ public:
         UINT m_uCommand; // the scripted choice, 0 when dismissed
     };
 
+    struct CChooseColorCall
+    {
+        HWND m_hWndOwner;
+        DWORD m_dwFlags;
+        COLORREF m_crInitial;          // rgbResult as passed
+        const COLORREF* m_pCustColors; // the caller's custom colours
+        BOOL m_bOk;                    // the scripted answer
+        COLORREF m_crChosen;
+    };
+
     struct CRecords
     {
         std::vector<CMessageBoxCall> m_messageBoxes;
         std::vector<CDiskFreeSpaceCall> m_diskFreeSpaceCalls;
         std::vector<CPopupMenuCall> m_popupMenus;
+        std::vector<CChooseColorCall> m_chooseColors;
         std::vector<UINT> m_beeps; // MessageBeep's types
         std::vector<UINT> m_exitCodes;
     };
@@ -109,6 +125,8 @@ public:
     void PushDiskFreeSpace(ULONGLONG ullAvailable, ULONGLONG ullTotal, ULONGLONG ullTotalFree);
     void PushDiskFreeSpaceFailure(DWORD dwError);
     void PushMenuCommand(UINT uCommand);
+    void PushChooseColorOk(COLORREF crChosen);
+    void PushChooseColorCancel();
     void SetDefaultDiskFreeSpace(const CDiskFreeSpace& answer);
 
     const CRecords& GetRecords() const { return m_records; }
@@ -140,6 +158,7 @@ private:
     int AnswerMessageBox(HWND hWndOwner, std::string strText, std::string strCaption, UINT uType);
     BOOL AnswerDiskFreeSpace(LPCSTR pszRoot, bool bEx, CDiskFreeSpace& answer);
     BOOL AnswerPopupMenu(HMENU hMenu, UINT uFlags, int x, int y, HWND hWndOwner);
+    BOOL AnswerChooseColor(LPCHOOSECOLORA pChooseColor);
     [[noreturn]] void AnswerExitProcess(UINT uExitCode);
 
     friend struct CStandIns;
@@ -150,6 +169,7 @@ private:
     int m_nDefaultMessageBoxReply;
     std::deque<CDiskFreeSpace> m_diskFreeSpaceAnswers;
     std::deque<UINT> m_menuCommands;
+    std::deque<std::pair<BOOL, COLORREF>> m_chooseColorAnswers;
     CDiskFreeSpace m_defaultDiskFreeSpace;
     PFNEXITHANDLER m_pfnExitHandler;
 };

@@ -31,5 +31,6 @@
 #include "controls/DmxCommandEdit.h"
 #include "controls/KelButton.h"
 #include "indicators/ProgressWnd.h"
+#include "calendar/KelCalendar.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -32,5 +32,7 @@
 #include "controls/KelButton.h"
 #include "indicators/ProgressWnd.h"
 #include "calendar/KelCalendar.h"
+#include "calendar/CalendarCombo.h"
+#include "calendar/CalendarButton.h"
 #include "values/SpanFloppies.h"
 #endif

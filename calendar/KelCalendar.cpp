@@ -14,6 +14,7 @@ const UINT kClassStyle = CS_GLOBALCLASS | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
 const char* const kWeekdayNames[7] = {"Su", "Mo", "Tu", "We", "Th", "Fr", "Sa"};
 const COLORREF kNone = 0xFFFFFFFF;
 const int kMenuFirstMonth = 1; // month menu commands are the month numbers
+const UINT_PTR kTipTool = 1;
 
 // The first and last days a calendar may show: the Gregorian correction of the day numbers lies
 // before the first.
@@ -167,7 +168,10 @@ void CKelCalendar::InitWindow()
     MeasureFont();
     if (m_tip.m_hWnd == NULL && m_tip.Create(this, TTS_ALWAYSTIP | TTS_NOPREFIX))
     {
-        m_tip.AddTool(this, LPSTR_TEXTCALLBACKA);
+        // One tool over any client size, named by an id rather than by the window: the tooltip
+        // then asks the calendar itself for the text, not its parent.
+        const CRect rcTool(0, 0, 0x7FFF, 0x7FFF);
+        m_tip.AddTool(this, LPSTR_TEXTCALLBACKA, rcTool, kTipTool);
         m_tip.SetMaxTipWidth(300);
     }
 }

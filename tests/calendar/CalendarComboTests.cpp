@@ -170,8 +170,10 @@ TEST_F(CCalendarComboTest, BoundsLimitTheCalendarDays)
     m_combo.SetWindowText("09/15/2003");
     ASSERT_TRUE(m_combo.ShowDropDown(TRUE));
     CKelCalendar* pCal = m_combo.GetCalendar();
+    ::SetFocus(Edit());
     ClickDay(pCal, Day(2003, 9, 5));
     EXPECT_TRUE(m_combo.GetDroppedState());
+    EXPECT_EQ(Edit(), ::GetFocus()); // the popup calendar never takes the focus
     CKelDate sel(0);
     ASSERT_TRUE(pCal->GetCurSel(sel));
     EXPECT_EQ(Day(2003, 9, 15), sel.JulianValue());

@@ -2,8 +2,13 @@
 // markers, mouse and keyboard navigation with the notifications in their order, the repeat
 // timer of the arrow buttons, and the refusals of the member calls.
 #include <afxwin.h>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <string.h>
+
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "calendar/KelCalendar.h"
@@ -314,6 +319,56 @@ TEST_F(CCalendarTest, TitleMenuPicksTheMonthAndTheFooterSelectsToday)
     CInput::Click(m_cal, 5, rcClient.bottom - 3);
     EXPECT_EQ(std::vector<UINT>({CALN_VIEWCHANGE, CALN_SELCHANGE, CALN_SELECT}), Codes());
     EXPECT_EQ(Day(2003, 9, 17), m_parent.GetLast<NMKELCALENDAR>(CALN_SELECT)->dSelStart);
+}
+
+// What the calendar answers its tooltip for the day under the mouse.
+std::string TipTextAt(CKelCalendar& cal, CPoint pt)
+{
+    // The thread's tooltip with a tool of the calendar.
+    std::pair<HWND, HWND> search(NULL, cal.m_hWnd);
+    ::EnumThreadWindows(
+        ::GetCurrentThreadId(),
+        [](HWND hWnd, LPARAM lParam) -> BOOL {
+            auto* pSearch = reinterpret_cast<std::pair<HWND, HWND>*>(lParam);
+            char szClass[32];
+            TTTOOLINFOA ti = {};
+            ti.cbSize = TTTOOLINFOA_V2_SIZE;
+            ::GetClassNameA(hWnd, szClass, sizeof(szClass));
+            if (_stricmp(szClass, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(hWnd, TTM_ENUMTOOLSA, 0, (LPARAM)&ti) &&
+                ti.hwnd == pSearch->second)
+                pSearch->first = hWnd;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    const HWND hTip = search.first;
+    cal.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(pt.x, pt.y));
+    NMTTDISPINFOA info = {};
+    info.hdr.hwndFrom = hTip;
+    info.hdr.code = TTN_GETDISPINFOA;
+    cal.SendMessage(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&info));
+    return info.lpszText != NULL ? info.lpszText : "";
+}
+
+TEST_F(CCalendarTest, TooltipShowsTheItemTextThatTheCellCannotShow)
+{
+    const double dShow = Day(2003, 9, 10), dLong = Day(2003, 9, 11);
+    m_cal.SetDayText(dShow, "Show");
+    m_cal.SetDayText(dLong, "Dress rehearsal with the full crew and the orchestra");
+    EXPECT_EQ("Show", TipTextAt(m_cal, CentreOf(dShow))); // cells too small for any text
+    EXPECT_EQ("", TipTextAt(m_cal, CentreOf(Day(2003, 9, 12))));
+    m_cal.MoveWindow(0, 0, 420, 400); // now the cells show a short text themselves
+    EXPECT_EQ("", TipTextAt(m_cal, CentreOf(dShow)));
+    EXPECT_EQ("Dress rehearsal with the full crew and the orchestra", TipTextAt(m_cal, CentreOf(dLong)));
+
+    // A double click on a day selects it, then tells of the double click.
+    m_parent.Clear();
+    CInput::DoubleClick(m_cal, CentreOf(dShow).x, CentreOf(dShow).y);
+    std::vector<UINT> codes = Codes();
+    ASSERT_GE(codes.size(), 2u);
+    EXPECT_EQ(CALN_SELCHANGE, codes.front());
+    EXPECT_EQ(1, m_parent.GetCount(CALN_DAYDBLCLK));
+    MSG msg = {m_cal.m_hWnd, WM_KEYDOWN, VK_RETURN, 0, 0, {0, 0}};
+    EXPECT_TRUE(m_cal.SendMessage(WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&msg)) & DLGC_WANTMESSAGE);
 }
 
 TEST_F(CCalendarTest, DaysShowTheirColoursAndMarkers)

@@ -28,7 +28,8 @@ double ControlsBench::CalendarPaintMs()
     {
         const double dDay = dFirst + nDay;
         calendar.SetDayColors(dDay, RGB(0, 0, 128), SHOW_BACK);
-        calendar.SetDayMarkers(dDay, KCM_DOT | KCM_BOLD | (nDay % 2 ? KCM_FRAME : KCM_UNDERLINE) | (nDay % 5 ? 0 : KCM_CROSS));
+        const DWORD dwOddEven = nDay % 2 ? KCM_FRAME : KCM_UNDERLINE;
+        calendar.SetDayMarkers(dDay, KCM_DOT | KCM_BOLD | dwOddEven | (nDay % 5 ? 0 : KCM_CROSS));
         calendar.SetDayText(dDay, nDay % 3 ? "Show, 8 pm, main stage" : "Rehearsal with the full crew");
     }
     calendar.ShowWindow(SW_SHOWNOACTIVATE);

@@ -52,7 +52,8 @@ bool IsWholeValidDay(double dDay)
 
 CString LongMonthName(short nMonth)
 {
-    CString text = CKelDate::FmtMonthYYYY(CKelDate::JulianValue(static_cast<short>(2000), nMonth, static_cast<short>(1)));
+    const double dFirst = CKelDate::JulianValue(static_cast<short>(2000), nMonth, static_cast<short>(1));
+    CString text = CKelDate::FmtMonthYYYY(dFirst);
     int nComma = text.Find(',');
     return nComma >= 0 ? text.Left(nComma) : text;
 }
@@ -103,8 +104,8 @@ END_MESSAGE_MAP()
 CKelCalendar::CKelCalendar()
     : m_dwCalStyle(0), m_nFirstDayOfWeek(0), m_dSelStart(0), m_dSelEnd(0), m_dAnchor(0), m_dFocus(0),
       m_dMin(FirstCalendarDay()), m_dMax(LastCalendarDay()), m_nMaxSelCount(7), m_dToday(0), m_hFont(NULL),
-      m_hBoldSource(NULL), m_nTextHeight(0), m_dTipDay(0), m_dPressDay(0), m_nPressedPart(HT_NOWHERE), m_bSelecting(false),
-      m_bPopup(false), m_pNotifyWnd(NULL)
+      m_hBoldSource(NULL), m_nTextHeight(0), m_dTipDay(0), m_dPressDay(0), m_nPressedPart(HT_NOWHERE),
+      m_bSelecting(false), m_bPopup(false), m_pNotifyWnd(NULL)
 {
     std::fill(m_colors, m_colors + COLOR_COUNT, kNone);
     const double dToday = GetToday();

@@ -120,13 +120,13 @@ BOOL CCalendarPage::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     if (nCode == CALN_SELECT || nCode == CALN_SELCHANGE || nCode == CALN_VIEWCHANGE)
     {
         CString strStatus;
-        strStatus.Format(_T("%s from control %d: day %s, selection %s .. %s, showing %02d/%d"),
-                         nCode == CALN_SELECT ? _T("CALN_SELECT") : nCode == CALN_SELCHANGE ? _T("CALN_SELCHANGE")
-                                                                                          : _T("CALN_VIEWCHANGE"),
-                         static_cast<int>(pNm->hdr.idFrom),
-                         pNm->dDay != 0 ? static_cast<LPCTSTR>(CKelDate::FmtMMsDDsYYYY(pNm->dDay, '/')) : _T("-"),
-                         pNm->dSelStart != 0 ? static_cast<LPCTSTR>(CKelDate::FmtMMsDDsYYYY(pNm->dSelStart, '/')) : _T("-"),
-                         pNm->dSelEnd != 0 ? static_cast<LPCTSTR>(CKelDate::FmtMMsDDsYYYY(pNm->dSelEnd, '/')) : _T("-"),
+        auto text = [](double dDay) { return dDay != 0 ? CKelDate::FmtMMsDDsYYYY(dDay, '/') : CString(_T("-")); };
+        const LPCTSTR lpszCode = nCode == CALN_SELECT      ? _T("CALN_SELECT")
+                                 : nCode == CALN_SELCHANGE ? _T("CALN_SELCHANGE")
+                                                           : _T("CALN_VIEWCHANGE");
+        strStatus.Format(_T("%s from control %d: day %s, selection %s .. %s, showing %02d/%d"), lpszCode,
+                         static_cast<int>(pNm->hdr.idFrom), static_cast<LPCTSTR>(text(pNm->dDay)),
+                         static_cast<LPCTSTR>(text(pNm->dSelStart)), static_cast<LPCTSTR>(text(pNm->dSelEnd)),
                          pNm->nViewMonth, pNm->nViewYear);
         m_wndStatus.SetWindowText(strStatus);
     }

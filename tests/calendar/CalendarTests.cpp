@@ -397,8 +397,10 @@ TEST_F(CCalendarTest, DaysShowTheirColoursAndMarkers)
     EXPECT_EQ(RGB(0, 0, 0), image.GetPixel(rcFrame.right - 1, rcFrame.top));
     EXPECT_EQ(RGB(0, 0, 0), image.GetPixel(rcDot.right - 5, rcDot.bottom - 5));
     EXPECT_EQ(RGB(255, 255, 255), image.GetPixel(rcDot.left + 1, rcDot.bottom - 5));
-    EXPECT_GT(image.CountPixels(RGB(0, 0, 0), CRect(rcCross.left + 1, rcCross.top + 1, rcCross.left + 6, rcCross.top + 6)), 1);
-    EXPECT_GT(image.CountPixels(RGB(0, 0, 0), CRect(rcCross.right - 6, rcCross.top + 1, rcCross.right - 1, rcCross.top + 6)), 1);
+    const CRect rcCrossTopLeft(rcCross.left + 1, rcCross.top + 1, rcCross.left + 6, rcCross.top + 6);
+    const CRect rcCrossTopRight(rcCross.right - 6, rcCross.top + 1, rcCross.right - 1, rcCross.top + 6);
+    EXPECT_GT(image.CountPixels(RGB(0, 0, 0), rcCrossTopLeft), 1);
+    EXPECT_GT(image.CountPixels(RGB(0, 0, 0), rcCrossTopRight), 1);
     EXPECT_EQ(0, image.CountPixels(RGB(0, 0, 0), CRect(rcDot.left + 1, rcDot.top + 1, rcDot.left + 6, rcDot.top + 6)));
     EXPECT_EQ(RED, image.GetPixel(cell(dBack).left + 1, cell(dBack).top + 1));
     EXPECT_GT(image.CountPixels(BLUE, cell(dBack)), 3);

@@ -473,7 +473,7 @@ CFont* CKelCalendar::GetNormalFont() const
     return CFont::FromHandle(m_hFont != NULL ? m_hFont : static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
 }
 
-CFont* CKelCalendar::GetBoldFont()
+CFont* CKelCalendar::GetBoldFont() const
 {
     HFONT hSource = static_cast<HFONT>(GetNormalFont()->GetSafeHandle());
     if (m_fontBold.GetSafeHandle() == NULL || m_hBoldSource != hSource)
@@ -551,7 +551,7 @@ void CKelCalendar::GetMinReqRect(CRect& rect) const
     dc.Attach(::GetDC(NULL));
     CFont* pOld = dc.SelectObject(GetNormalFont());
     const int nCell = std::max(dc.GetTextExtent("00").cx, dc.GetTextExtent("We").cx) + 8;
-    dc.SelectObject(const_cast<CKelCalendar*>(this)->GetBoldFont());
+    dc.SelectObject(GetBoldFont());
     int nTitle = 0;
     for (short nMonth = 1; nMonth <= 12; ++nMonth)
         nTitle = std::max(nTitle, static_cast<int>(dc.GetTextExtent(LongMonthName(nMonth) + " 0000").cx));
@@ -901,11 +901,12 @@ void CKelCalendar::OnLButtonDown(UINT nFlags, CPoint point)
     double dDay = 0;
     CPoint ptScreen = point;
     ClientToScreen(&ptScreen);
-    switch (HitTest(point, dDay))
+    const int nPart = HitTest(point, dDay);
+    switch (nPart)
     {
     case HT_PREVBUTTON:
     case HT_NEXTBUTTON:
-        PressButton(HitTest(point, dDay));
+        PressButton(nPart);
         break;
     case HT_TITLE:
     {

@@ -210,7 +210,7 @@ private:
     void InitWindow();
     void MeasureFont();
     CFont* GetNormalFont() const;
-    CFont* GetBoldFont();
+    CFont* GetBoldFont() const;
     void GetLayout(CLayout& layout) const;
     static CRect CellRect(const CLayout& layout, int nCell);
     CString GetTitleText() const;
@@ -262,8 +262,8 @@ private:
     COLORREF m_colors[COLOR_COUNT];
     std::vector<CDayItem> m_items; // sorted by day
     HFONT m_hFont;                 // WM_SETFONT's, not owned
-    CFont m_fontBold;
-    HFONT m_hBoldSource; // the font the bold copy was made from
+    mutable CFont m_fontBold;     // made from the font in use when first needed
+    mutable HFONT m_hBoldSource; // the font the bold copy was made from
     int m_nTextHeight;
     CToolTipCtrl m_tip;
     double m_dTipDay;

@@ -321,25 +321,25 @@ TEST_F(CCalendarTest, TitleMenuPicksTheMonthAndTheFooterSelectsToday)
     EXPECT_EQ(Day(2003, 9, 17), m_parent.GetLast<NMKELCALENDAR>(CALN_SELECT)->dSelStart);
 }
 
+// Finds the thread's tooltip that has a tool of the window in pSearch->second.
+BOOL CALLBACK FindTip(HWND hWnd, LPARAM lParam)
+{
+    auto* pSearch = reinterpret_cast<std::pair<HWND, HWND>*>(lParam);
+    char szClass[32];
+    TTTOOLINFOA ti = {};
+    ti.cbSize = TTTOOLINFOA_V2_SIZE;
+    ::GetClassNameA(hWnd, szClass, sizeof(szClass));
+    if (_stricmp(szClass, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(hWnd, TTM_ENUMTOOLSA, 0, (LPARAM)&ti) &&
+        ti.hwnd == pSearch->second)
+        pSearch->first = hWnd;
+    return TRUE;
+}
+
 // What the calendar answers its tooltip for the day under the mouse.
 std::string TipTextAt(CKelCalendar& cal, CPoint pt)
 {
-    // The thread's tooltip with a tool of the calendar.
     std::pair<HWND, HWND> search(NULL, cal.m_hWnd);
-    ::EnumThreadWindows(
-        ::GetCurrentThreadId(),
-        [](HWND hWnd, LPARAM lParam) -> BOOL {
-            auto* pSearch = reinterpret_cast<std::pair<HWND, HWND>*>(lParam);
-            char szClass[32];
-            TTTOOLINFOA ti = {};
-            ti.cbSize = TTTOOLINFOA_V2_SIZE;
-            ::GetClassNameA(hWnd, szClass, sizeof(szClass));
-            if (_stricmp(szClass, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(hWnd, TTM_ENUMTOOLSA, 0, (LPARAM)&ti) &&
-                ti.hwnd == pSearch->second)
-                pSearch->first = hWnd;
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    ::EnumThreadWindows(::GetCurrentThreadId(), FindTip, reinterpret_cast<LPARAM>(&search));
     const HWND hTip = search.first;
     cal.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(pt.x, pt.y));
     NMTTDISPINFOA info = {};

@@ -36,5 +36,8 @@
 #include "controls/ColorStatic.h"
 #include "controls/ColorButton.h"
 #include "indicators/ProgressWnd.h"
+#include "calendar/KelCalendar.h"
+#include "calendar/CalendarCombo.h"
+#include "calendar/CalendarButton.h"
 #include "values/SpanFloppies.h"
 #endif

@@ -23,4 +23,8 @@ double DmxCommandParseMs();
 // Auto-complete over 100,000 records supplied by the owner: one typed character, sent into the
 // combo's edit field, to the completed text.
 double AutoCompleteKeystrokeMs();
+
+// A full repaint of a month calendar with an item on every shown day: colours, markers and a
+// text drawn in each cell.
+double CalendarPaintMs();
 } // namespace ControlsBench

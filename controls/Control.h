@@ -31,6 +31,7 @@ public:
     const CString& GetControlName() const { return m_strControlName; }
 
     void SetDisplayErrMsg(int bDisplay) { m_bDisplayErrMsg = bDisplay; }
+    int GetDisplayErrMsg() const { return m_bDisplayErrMsg; }
     void SetDynamicErrChecking(int bCheck) { m_bDynamicErrChecking = bCheck; }
     void SetCallSetFocusProc(int bCall) { m_bCallSetFocusProc = bCall; }
     void SetCallKillFocusProc(int bCall) { m_bCallKillFocusProc = bCall; }

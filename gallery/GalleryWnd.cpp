@@ -4,6 +4,7 @@
 #include <stdlib.h>
 
 #include "capture/WindowImage.h"
+#include "gallery/CalendarPage.h"
 #include "gallery/ComboBoxPage.h"
 #include "gallery/DateTimePage.h"
 #include "gallery/DmxCommandPage.h"
@@ -39,6 +40,7 @@ const struct
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
     {_T("Progress window"), RUNTIME_CLASS(CProgressPage)},
+    {_T("Calendar"), RUNTIME_CLASS(CCalendarPage)},
 };
 const int PAGE_COUNT = static_cast<int>(sizeof(s_aPages) / sizeof(s_aPages[0]));
 

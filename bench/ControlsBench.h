@@ -23,4 +23,9 @@ double DmxCommandParseMs();
 // Auto-complete over 100,000 records supplied by the owner: one typed character, sent into the
 // combo's edit field, to the completed text.
 double AutoCompleteKeystrokeMs();
+
+// A drop-down-list combo grid of 100,000 rows: opening its drop-down on a row in the middle until
+// it is painted, and a typed character that finds the last row by the key column while closed.
+double ComboGridOpenMs();
+double ComboGridFindKeyMs();
 } // namespace ControlsBench

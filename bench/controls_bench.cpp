@@ -20,6 +20,8 @@ const struct
     {"longedit_key_letter_ms", ControlsBench::LongEditLetterMs, 0.2},
     {"dmx_command_parse_ms", ControlsBench::DmxCommandParseMs, 1.0},
     {"autocomplete_key_ms", ControlsBench::AutoCompleteKeystrokeMs, 20},
+    {"combogrid_open_ms", ControlsBench::ComboGridOpenMs, 30},
+    {"combogrid_find_key_ms", ControlsBench::ComboGridFindKeyMs, 5},
 };
 } // namespace
 

@@ -23,10 +23,10 @@
 #include <afxwin.h>
 
 #include "controls/Control.h"
+#include "grid/GridHeader.h"
+#include "grid/GridList.h"
 #include "grid/KelDropDown.h"
 
-class CGridList;
-class CGridHeader;
 class CComboGridDropDown;
 class CComboGridEdit;
 

@@ -10,6 +10,7 @@
 #include "gallery/EditTipPage.h"
 #include "gallery/EventListPage.h"
 #include "gallery/GalleryApp.h"
+#include "gallery/ComboGridPage.h"
 #include "gallery/GridPage.h"
 #include "gallery/ListingPage.h"
 #include "gallery/MillionRowsPage.h"
@@ -35,6 +36,7 @@ const struct
     {_T("Date, time and masks"), RUNTIME_CLASS(CDateTimePage)},
     {_T("Command edit"), RUNTIME_CLASS(CDmxCommandPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
+    {_T("Combo grid"), RUNTIME_CLASS(CComboGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
     {_T("Progress window"), RUNTIME_CLASS(CProgressPage)},
 };

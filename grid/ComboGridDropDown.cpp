@@ -129,6 +129,16 @@ ON_WM_LBUTTONUP()
 ON_WM_MOUSEMOVE()
 END_MESSAGE_MAP()
 
+void CComboGridList::DrawGridCell(int row, int col, HDC hDC)
+{
+    const bool bLend = col != GetFirstDataCol() && IsSelectedItem(row, GetFirstDataCol()) && !IsSelectedItem(row, col);
+    if (bLend)
+        ChangeCellFlags(row, col, CS_SELECTED, 0);
+    CGridList::DrawGridCell(row, col, hDC);
+    if (bLend)
+        ChangeCellFlags(row, col, 0, CS_SELECTED);
+}
+
 void CComboGridList::OnLButtonDown(UINT nFlags, CPoint point)
 {
     Cell cell;

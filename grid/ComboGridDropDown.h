@@ -23,6 +23,9 @@ public:
     // The row the mouse is over while no button is held, -1 for none.
     int GetHotRow() const { return m_nHotRow; }
     void SetHotRow(int nRow) { m_nHotRow = nRow; }
+    // The selected row is drawn in the selection colours across all its cells, as a drop-down
+    // list shows it, though list style selects only its first cell.
+    void DrawGridCell(int row, int col, HDC hDC) override;
 
 protected:
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);

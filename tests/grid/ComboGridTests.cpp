@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "KelControls.h"
+#include "capture/WindowImage.h"
 #include "grid/ComboGridDropDown.h"
 #include "tests/harness/ImportRecorder.h"
 #include "tests/harness/Input.h"
@@ -251,6 +252,16 @@ TEST_F(CComboGridTest, ClicksOpenCloseAndTake)
     ::SendMessage(*pList, WM_MOUSEMOVE, 0, MAKELPARAM(rcCell.left + 5, rcCell.top + 3));
     EXPECT_EQ(3, pList->GetRow());
     EXPECT_TRUE(pList->IsSelectedItem(3, 0));
+    // The whole row shows the selection colours, though list style selects its first cell only.
+    CWindowImage image;
+    pList->UpdateWindow();
+    ASSERT_TRUE(image.Capture(*pList));
+    CRect rcLast;
+    ASSERT_TRUE(pList->GetCellRect(3, 2, rcLast));
+    // Column 0, above its text; column 2 on its row and on the row above.
+    const COLORREF crSelected = image.GetPixel(rcCell.left - 20, rcCell.top + 1);
+    EXPECT_EQ(crSelected, image.GetPixel(rcLast.left + 10, rcLast.top + 1));
+    EXPECT_NE(crSelected, image.GetPixel(rcLast.left + 10, rcLast.top - 4));
     CInput::Click(*pList, rcCell.left + 5, rcCell.top + 3);
     EXPECT_FALSE(m_combo.GetDroppedState());
     EXPECT_EQ(3, m_combo.GetCurSel());

@@ -1,15 +1,15 @@
 // The combo grid: its drop-down opened and closed by real keys and clicks, the fixed closing
 // order and the payloads of its notifications, sorting that keeps the chosen row, type-to-find,
 // the combo queries it answers itself and its life as a typed control.
-#include <gtest/gtest.h>
-
 #include "KelControls.h"
 #include "capture/WindowImage.h"
-#include "grid/ComboGridDropDown.h"
 #include "tests/harness/ImportRecorder.h"
 #include "tests/harness/Input.h"
 #include "tests/harness/MessageSequence.h"
 #include "tests/harness/NotifyRecorder.h"
+
+#include <afxdlg.h>
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -41,6 +41,11 @@ protected:
     {
         ASSERT_TRUE(combo.Create(WS_CHILD | WS_VISIBLE | dwType, CRect(10, y, 210, y + 200),
                                  CWnd::FromHandle(m_parent), COMBO_ID));
+        Fill(combo);
+    }
+
+    static void Fill(CComboGrid& combo)
+    {
         ASSERT_TRUE(combo.SetColumnCount(3));
         combo.SetColumn(0, "No", 40, 1, 1);
         combo.SetColumn(1, "Name", 90);
@@ -368,5 +373,58 @@ TEST_F(CComboGridTest, TypingFindsInTheOpenList)
     CInput::PressKey(hWndField, VK_RETURN);
     EXPECT_FALSE(m_combo.GetDroppedState());
     EXPECT_EQ(2, m_combo.GetCurSel());
+}
+
+// A dialog's combo grid, subclassed through the exchange: the platform combo's own
+// CBN_SELENDCANCEL (sent as it loses the focus) is swallowed in the reflection while the combo's
+// own reach the dialog; the exchange validates the typed text, and the choice outlives the dialog.
+class CGridDialog : public CDialog
+{
+public:
+    CComboGrid m_combo;
+    int m_nRow = -7;
+    int m_nSelEndCancel = 0;
+    int m_nCloseUp = 0;
+
+    void DoDataExchange(CDataExchange* pDX) override
+    {
+        DDX_Control(pDX, COMBO_ID, m_combo);
+        if (pDX->m_bSaveAndValidate)
+            m_combo.ValidateAndGet(m_nRow, pDX);
+    }
+    afx_msg void OnSelEndCancel() { ++m_nSelEndCancel; }
+    afx_msg void OnCloseUp() { ++m_nCloseUp; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CGridDialog, CDialog)
+ON_CBN_SELENDCANCEL(COMBO_ID, OnSelEndCancel)
+ON_CBN_CLOSEUP(COMBO_ID, OnCloseUp)
+END_MESSAGE_MAP()
+
+TEST_F(CComboGridTest, InADialog)
+{
+    // A hidden dialog holding one drop-down combo.
+    std::vector<WORD> words = {LOWORD(WS_POPUP), HIWORD(WS_POPUP), 0, 0, 1, 0, 0, 200, 100, 0, 0, 0};
+    const DWORD dwStyle = WS_CHILD | WS_VISIBLE | CBS_DROPDOWN;
+    words.insert(words.end(), {LOWORD(dwStyle), HIWORD(dwStyle), 0, 0, 10, 10, 120, 80, WORD(COMBO_ID), 0xFFFF, 0x85,
+                               0, 0});
+    CGridDialog dlg;
+    ASSERT_TRUE(dlg.CreateIndirect(reinterpret_cast<LPCDLGTEMPLATE>(words.data()), CWnd::FromHandle(m_parent)));
+    Fill(dlg.m_combo);
+    dlg.SendMessage(WM_COMMAND, MAKEWPARAM(COMBO_ID, CBN_SELENDCANCEL), reinterpret_cast<LPARAM>(dlg.m_combo.m_hWnd));
+    EXPECT_EQ(0, dlg.m_nSelEndCancel);
+    ASSERT_TRUE(dlg.m_combo.ShowDropDown());
+    CInput::PressKey(dlg.m_combo, VK_ESCAPE);
+    EXPECT_EQ(1, dlg.m_nSelEndCancel);
+    EXPECT_EQ(1, dlg.m_nCloseUp);
+
+    ::SetWindowTextA(::GetWindow(dlg.m_combo, GW_CHILD), "wash");
+    EXPECT_TRUE(dlg.UpdateData(TRUE));
+    EXPECT_EQ(1, dlg.m_nRow);
+    dlg.DestroyWindow();
+    EXPECT_EQ(101u, dlg.m_combo.GetCurSelData());
+    EXPECT_EQ(1, dlg.m_combo.GetCurSel());
+    EXPECT_EQ("Wash", std::string(dlg.m_combo.GetWindowText()));
 }
 } // namespace

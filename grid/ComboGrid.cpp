@@ -181,6 +181,14 @@ BOOL CComboGrid::SetColumn(int nCol, const char* pszTitle, int nWidth, int nForm
     return TRUE;
 }
 
+void CComboGrid::SetColumnsSizable(BOOL bSizable)
+{
+    m_bColumnsSizable = bSizable;
+    if (m_pDropDown != NULL)
+        m_pDropDown->GetHeader().GridModifyStyle(bSizable ? CGridHeader::GHS_NOMOUSETRACK : 0,
+                                                 bSizable ? 0 : CGridHeader::GHS_NOMOUSETRACK);
+}
+
 BOOL CComboGrid::SetTextColumn(int nCol)
 {
     if (nCol < 0 || nCol >= GetColumnCount())

@@ -76,8 +76,8 @@ public:
     int GetTextColumn() const { return m_nTextCol; }
     BOOL SetKeyColumn(int nCol);
     int GetKeyColumn() const { return m_nKeyCol; }
-    // Whether the header's dividers can be dragged; takes effect at the next SetColumnCount.
-    void SetColumnsSizable(BOOL bSizable) { m_bColumnsSizable = bSizable; }
+    // Whether the header's dividers can be dragged.
+    void SetColumnsSizable(BOOL bSizable);
 
     // ---- Rows ----------------------------------------------------------------------------------
     int AddRow(const char* pszText0, DWORD dwData = 0xFFFFFFFF);

@@ -205,6 +205,7 @@ TEST_F(CComboGridTest, ClosedKeysAndTypingMoveTheChoice)
 }
 
 // Header clicks sort ascending, then descending, keeping the chosen row; a refusal stops it.
+// Divider drags size the list's columns.
 TEST_F(CComboGridTest, HeaderSortKeepsTheChosenRow)
 {
     CreateCombo(m_combo, CBS_DROPDOWNLIST);
@@ -232,6 +233,13 @@ TEST_F(CComboGridTest, HeaderSortKeepsTheChosenRow)
     EXPECT_EQ("Beam Par Fresnel Spot Wash ", column(1));
     EXPECT_EQ("Beam", FieldText(m_combo));
     EXPECT_EQ(102u, m_combo.GetCurSelData());
+
+    // A divider drag sizes the list's column, unless the columns were made fixed.
+    CInput::Drag(*pHeader, CPoint(40, 5), CPoint(60, 5));
+    EXPECT_EQ(60, m_combo.GetList()->GetColumnWidth(0));
+    m_combo.SetColumnsSizable(FALSE);
+    CInput::Drag(*pHeader, CPoint(60, 5), CPoint(80, 5));
+    EXPECT_EQ(60, m_combo.GetList()->GetColumnWidth(0));
 }
 
 // The mouse: a click on the combo opens and a second one closes without reopening; hovering a

@@ -17,6 +17,7 @@
 #include "grid/GridList.h"
 #include "grid/GridHeader.h"
 #include "grid/TGrid.h"
+#include "grid/ComboGrid.h"
 #include "controls/Control.h"
 #include "controls/StringEdit.h"
 #include "controls/NumericEdit.h"

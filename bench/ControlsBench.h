@@ -27,4 +27,9 @@ double AutoCompleteKeystrokeMs();
 // A full repaint of a month calendar with an item on every shown day: colours, markers and a
 // text drawn in each cell.
 double CalendarPaintMs();
+
+// A drop-down-list combo grid of 100,000 rows: opening its drop-down on a row in the middle until
+// it is painted, and a typed character that finds the last row by the key column while closed.
+double ComboGridOpenMs();
+double ComboGridFindKeyMs();
 } // namespace ControlsBench

@@ -21,6 +21,8 @@ const struct
     {"dmx_command_parse_ms", ControlsBench::DmxCommandParseMs, 1.0},
     {"autocomplete_key_ms", ControlsBench::AutoCompleteKeystrokeMs, 20},
     {"calendar_paint_ms", ControlsBench::CalendarPaintMs, 3},
+    {"combogrid_open_ms", ControlsBench::ComboGridOpenMs, 30},
+    {"combogrid_find_key_ms", ControlsBench::ComboGridFindKeyMs, 5},
 };
 } // namespace
 

@@ -11,6 +11,7 @@
 #include "gallery/EditTipPage.h"
 #include "gallery/EventListPage.h"
 #include "gallery/GalleryApp.h"
+#include "gallery/ComboGridPage.h"
 #include "gallery/GridPage.h"
 #include "gallery/ListingPage.h"
 #include "gallery/MillionRowsPage.h"
@@ -38,6 +39,7 @@ const struct
     {_T("Command edit"), RUNTIME_CLASS(CDmxCommandPage)},
     {_T("Statics and colours"), RUNTIME_CLASS(CStaticsPage)},
     {_T("Grid"), RUNTIME_CLASS(CGridPage)},
+    {_T("Combo grid"), RUNTIME_CLASS(CComboGridPage)},
     {_T("Million rows"), RUNTIME_CLASS(CMillionRowsPage)},
     {_T("Progress window"), RUNTIME_CLASS(CProgressPage)},
     {_T("Calendar"), RUNTIME_CLASS(CCalendarPage)},

@@ -31,5 +31,8 @@
 #include "controls/DmxCommandEdit.h"
 #include "controls/KelButton.h"
 #include "indicators/ProgressWnd.h"
+#include "listings/ListFunctions.h"
+#include "listings/KelListing.h"
+#include "listings/KelListBox.h"
 #include "values/SpanFloppies.h"
 #endif

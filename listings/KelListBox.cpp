@@ -59,7 +59,7 @@ CKelListBox::CEntry* CKelListBox::GetEntry(int nIndex, bool bCreate) const
     CEntry* pEntry = reinterpret_cast<CEntry*>(CListBox::GetItemData(nIndex));
     if (pEntry == NULL && bCreate)
     {
-        pEntry = new CEntry{NO_COLOR, NO_COLOR, 0};
+        pEntry = new CEntry{KEL_NO_COLOR, KEL_NO_COLOR, 0};
         ::SendMessageA(m_hWnd, LB_SETITEMDATA, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(pEntry));
     }
     return pEntry;
@@ -155,8 +155,8 @@ void CKelListBox::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     }
     else if (pEntry != NULL)
     {
-        crText = pEntry->m_crText != NO_COLOR ? pEntry->m_crText : m_crText;
-        crBack = pEntry->m_crBack != NO_COLOR ? pEntry->m_crBack : m_crBack;
+        crText = pEntry->m_crText != KEL_NO_COLOR ? pEntry->m_crText : m_crText;
+        crBack = pEntry->m_crBack != KEL_NO_COLOR ? pEntry->m_crBack : m_crBack;
     }
     if (!IsWindowEnabled())
         crText = ::GetSysColor(COLOR_GRAYTEXT);
@@ -203,8 +203,8 @@ LRESULT CKelListBox::OnGetItemColors(WPARAM wParam, LPARAM lParam)
     if (pColors == NULL || !HasColors() || nIndex < 0 || nIndex >= CListBox::GetCount())
         return LB_ERR;
     const CEntry* pEntry = GetEntry(nIndex, false);
-    pColors->crText = pEntry != NULL ? pEntry->m_crText : NO_COLOR;
-    pColors->crBack = pEntry != NULL ? pEntry->m_crBack : NO_COLOR;
+    pColors->crText = pEntry != NULL ? pEntry->m_crText : KEL_NO_COLOR;
+    pColors->crBack = pEntry != NULL ? pEntry->m_crBack : KEL_NO_COLOR;
     return 0;
 }
 
@@ -248,7 +248,7 @@ int CKelListBox::InsertString(int nIndex, const char* pszText, COLORREF crText, 
         return LB_ERR;
     // LB_ADDSTRING to append, so that a sorted list box places the entry.
     int nNew = nIndex == -1 ? CListBox::AddString(pszText) : CListBox::InsertString(nIndex, pszText);
-    if (nNew >= 0 && (crText != NO_COLOR || crBack != NO_COLOR))
+    if (nNew >= 0 && (crText != KEL_NO_COLOR || crBack != KEL_NO_COLOR))
         SetItemColors(nNew, crText, crBack);
     return nNew;
 }
@@ -292,7 +292,7 @@ int CKelListBox::SetItemData(int nIndex, DWORD dwData)
     if (pEntry == NULL)
         return LB_ERR;
     pEntry->m_dwData = dwData;
-    return 0;
+    return TRUE; // as the list box answers
 }
 
 DWORD CKelListBox::GetItemData(int nIndex) const

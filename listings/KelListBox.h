@@ -25,8 +25,6 @@ class AFX_EXT_CLASS CKelListBox : public CListBox, public CControl
 {
     DECLARE_DYNAMIC(CKelListBox)
 public:
-    static constexpr COLORREF NO_COLOR = 0xFFFFFFFF; // the list's default colour
-
     // The record of an entry.
     struct CEntry
     {
@@ -41,16 +39,17 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
     // The new entry's index, or a negative value.
-    int AddString(const char* pszText, COLORREF crText = NO_COLOR, COLORREF crBack = NO_COLOR);
-    int InsertString(int nIndex, const char* pszText, COLORREF crText = NO_COLOR, COLORREF crBack = NO_COLOR);
+    int AddString(const char* pszText, COLORREF crText = KEL_NO_COLOR, COLORREF crBack = KEL_NO_COLOR);
+    int InsertString(int nIndex, const char* pszText, COLORREF crText = KEL_NO_COLOR, COLORREF crBack = KEL_NO_COLOR);
 
     // 1 on success; 0 for an index out of range, a list without colours or no window.
     int SetItemColors(int nIndex, COLORREF crText, COLORREF crBack);
-    // NO_COLOR for a colour the entry does not have.
+    // KEL_NO_COLOR for a colour the entry does not have.
     int GetItemColors(int nIndex, COLORREF& crText, COLORREF& crBack) const;
     int SetDefaultColors(COLORREF crText, COLORREF crBack);
     int SetSelColors(COLORREF crText, COLORREF crBack);
     // The host's data: in the record with colours (0 when there is none), else the item data.
+    // SetItemData answers LB_ERR on failure.
     int SetItemData(int nIndex, DWORD dwData);
     DWORD GetItemData(int nIndex) const;
 

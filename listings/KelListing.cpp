@@ -140,12 +140,12 @@ int CKelListing::InsertString(int nIndex, const char* pszText, COLORREF crText, 
     if (!::IsWindow(m_hList))
         return LB_ERR;
     int nNew = static_cast<int>(ListingOnInsertString(m_hList, nIndex, pszText));
-    if (nNew >= 0 && (crText != NO_COLOR || crBack != NO_COLOR))
+    if (nNew >= 0 && (crText != KEL_NO_COLOR || crBack != KEL_NO_COLOR))
     {
         // A colour not given stays the default the entry received.
-        KEL_LISTING_COLORS colors = {NO_COLOR, NO_COLOR};
+        KEL_LISTING_COLORS colors = {KEL_NO_COLOR, KEL_NO_COLOR};
         SendToList(KLM_GETITEMCOLORS, static_cast<WPARAM>(nNew), reinterpret_cast<LPARAM>(&colors));
-        SetItemColors(nNew, crText != NO_COLOR ? crText : colors.crText, crBack != NO_COLOR ? crBack : colors.crBack);
+        SetItemColors(nNew, crText != KEL_NO_COLOR ? crText : colors.crText, crBack != KEL_NO_COLOR ? crBack : colors.crBack);
     }
     return nNew;
 }

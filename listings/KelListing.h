@@ -25,8 +25,6 @@ class AFX_EXT_CLASS CKelListing : public CWnd, public CControl
 {
     DECLARE_DYNAMIC(CKelListing)
 public:
-    static constexpr COLORREF NO_COLOR = 0xFFFFFFFF; // the list's default colour
-
     CKelListing();
     virtual ~CKelListing();
 
@@ -34,8 +32,8 @@ public:
 
     // The new entry's index, or a negative value. An entry takes the list's default colours
     // for a colour that is not given.
-    int AddString(const char* pszText, COLORREF crText = NO_COLOR, COLORREF crBack = NO_COLOR);
-    int InsertString(int nIndex, const char* pszText, COLORREF crText = NO_COLOR, COLORREF crBack = NO_COLOR);
+    int AddString(const char* pszText, COLORREF crText = KEL_NO_COLOR, COLORREF crBack = KEL_NO_COLOR);
+    int InsertString(int nIndex, const char* pszText, COLORREF crText = KEL_NO_COLOR, COLORREF crBack = KEL_NO_COLOR);
     int DeleteString(int nIndex);
     void ResetContent();
     int GetCount() const;

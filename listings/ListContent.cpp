@@ -2,13 +2,13 @@
 
 #include "frame/EventList.h"
 #include "grid/GridItemData.h"
+#include "listings/ListFunctions.h"
 
 #include <algorithm>
 #include <numeric>
 
 namespace
 {
-const COLORREF NO_COLOR = 0xFFFFFFFF;
 
 typedef int (*PFNCOMPARE)(const void*, const void*, void*);
 // The grid's comparators by sort type.
@@ -109,7 +109,7 @@ BOOL CListContent::Read(HWND hList)
             entry.m_strText.ReleaseBuffer();
         }
         // A list that does not know the message leaves the colours as they were: none.
-        entry.m_colors = KEL_LISTING_COLORS{NO_COLOR, NO_COLOR};
+        entry.m_colors = KEL_LISTING_COLORS{KEL_NO_COLOR, KEL_NO_COLOR};
         ::SendMessageA(hList, KLM_GETITEMCOLORS, i, reinterpret_cast<LPARAM>(&entry.m_colors));
         entry.m_dwData = m_bListing ? 0 : static_cast<DWORD_PTR>(::SendMessageA(hList, LB_GETITEMDATA, i, 0));
         entry.m_bSelected = false;

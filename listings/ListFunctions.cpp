@@ -10,7 +10,6 @@
 
 namespace
 {
-const COLORREF NO_COLOR = 0xFFFFFFFF;
 const COLORREF BLACK = RGB(0, 0, 0);
 const UINT LINE_FORMAT = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
 
@@ -73,7 +72,7 @@ public:
         for (size_t i = nFirst; i < nEnd; ++i)
         {
             COLORREF crText = entries[i]->m_colors.crText;
-            ::SetTextColor(m_hDC, bColors && crText != NO_COLOR ? crText : BLACK);
+            ::SetTextColor(m_hDC, bColors && crText != KEL_NO_COLOR ? crText : BLACK);
             ::DrawTextA(m_hDC, entries[i]->m_strText, -1, &rcLine, LINE_FORMAT | DT_LEFT);
             ::OffsetRect(&rcLine, 0, m_nLineHeight);
         }

@@ -10,6 +10,9 @@
 // (CKelListBox) does so and answers 1; any other answers 0 and is sorted from outside.
 #define KLBM_SORT (WM_USER + 0x500)
 
+// A colour an entry does not have: the list's default is used.
+#define KEL_NO_COLOR ((COLORREF)0xFFFFFFFF)
+
 // Flags of PrintListBoxEx and DrawListBoxPageEx.
 #define KLP_SELECTEDONLY 0x0001 // only the selected entries
 #define KLP_COLORS 0x0002       // each entry in its own text colour, else black

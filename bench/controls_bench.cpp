@@ -20,6 +20,7 @@ const struct
     {"longedit_key_letter_ms", ControlsBench::LongEditLetterMs, 0.2},
     {"dmx_command_parse_ms", ControlsBench::DmxCommandParseMs, 1.0},
     {"autocomplete_key_ms", ControlsBench::AutoCompleteKeystrokeMs, 20},
+    {"sortlist_50000_ms", ControlsBench::SortListMs, 500},
 };
 } // namespace
 

@@ -9,6 +9,7 @@ IMPLEMENT_DYNAMIC(CKelListBox, CListBox)
 BEGIN_MESSAGE_MAP(CKelListBox, CListBox)
 ON_WM_CREATE()
 ON_WM_DESTROY()
+ON_MESSAGE(WM_SETFONT, OnSetFontMessage)
 ON_MESSAGE(KLM_SETITEMCOLORS, OnSetItemColors)
 ON_MESSAGE(KLM_GETITEMCOLORS, OnGetItemColors)
 ON_MESSAGE(KLM_SETDEFAULTCOLORS, OnSetDefaultColors)
@@ -107,6 +108,14 @@ int CKelListBox::OnCreate(LPCREATESTRUCT)
     if (nResult != -1)
         FitItemHeight();
     return nResult;
+}
+
+// Any font, however given, sets the entries' height.
+LRESULT CKelListBox::OnSetFontMessage(WPARAM, LPARAM)
+{
+    LRESULT lResult = Default();
+    FitItemHeight();
+    return lResult;
 }
 
 void CKelListBox::OnDestroy()
@@ -321,10 +330,8 @@ void CKelListBox::SetFont(int nPointSize, const char* pszFaceName, CDC* pDC)
     delete m_pFont;
     m_pFont = new CFont;
     m_pFont->CreatePointFont(nPointSize, pszFaceName, pDC);
-    if (!::IsWindow(m_hWnd))
-        return;
-    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_pFont->GetSafeHandle()), TRUE);
-    FitItemHeight();
+    if (::IsWindow(m_hWnd))
+        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_pFont->GetSafeHandle()), TRUE);
 }
 
 int CKelListBox::ReportNothingSelected(CDataExchange* pDX)

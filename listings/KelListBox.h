@@ -58,8 +58,8 @@ public:
     // Caches the index and, with a window, selects it.
     int SetCurSel(int nSelect);
 
-    // Replaces the owned font by CFont::CreatePointFont(nPointSize, pszFaceName, pDC), gives it
-    // to the window and fits the entries' height to it.
+    // Replaces the owned font by CFont::CreatePointFont(nPointSize, pszFaceName, pDC) and gives
+    // it to the window. Any font the window gets sets the entries' height: the font's plus two.
     void SetFont(int nPointSize, const char* pszFaceName, CDC* pDC = NULL);
 
     int Sort(int nType) { return SortList(m_hWnd, nType); }
@@ -79,6 +79,7 @@ protected:
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnDestroy();
+    afx_msg LRESULT OnSetFontMessage(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnSetItemColors(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnGetItemColors(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnSetDefaultColors(WPARAM wParam, LPARAM lParam);

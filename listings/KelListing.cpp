@@ -1,6 +1,5 @@
 #include "listings/KelListing.h"
 
-#include "frame/EventList.h"
 #include "frame/KelControlsFrame.h"
 #include "listings/ListContent.h"
 

@@ -15,6 +15,7 @@
 #include <afxwin.h>
 
 #include "controls/Control.h"
+#include "frame/EventList.h" // ELN_DROPPED, GetDragDropEntry and GetDragDropSource for the host
 #include "listings/ListFunctions.h"
 
 #define KEL_LISTING_INNER_ID 1000

@@ -53,51 +53,26 @@ int WINAPI RecordDrawText(HDC hDC, LPCSTR pszText, int nCount, LPRECT pRect, UIN
     s_standIns.m_texts.push_back({pszText, *pRect, uFormat});
     return s_pfnDrawText(hDC, pszText, nCount, pRect, uFormat);
 }
-
 BOOL WINAPI AnswerPrintDlg(LPPRINTDLGA pPrintDlg)
 {
     ++s_standIns.m_nPrintDialogs;
-    pPrintDlg->hDC = s_standIns.m_hDialogDC;
-    return s_standIns.m_hDialogDC != NULL;
+    return (pPrintDlg->hDC = s_standIns.m_hDialogDC) != NULL;
 }
-
 BOOL WINAPI AnswerSaveDlg(LPOPENFILENAMEA pOfn)
 {
     lstrcpynA(pOfn->lpstrFile, s_standIns.m_strSaveName.c_str(), static_cast<int>(pOfn->nMaxFile));
     return !s_standIns.m_strSaveName.empty();
 }
-
-DWORD WINAPI AnswerDialogError()
-{
-    return s_standIns.m_dwDialogError;
-}
-
+DWORD WINAPI AnswerDialogError() { return s_standIns.m_dwDialogError; }
 int WINAPI RecordStartDoc(HDC, const DOCINFOA* pDoc)
 {
     s_standIns.m_strDocName = pDoc->lpszDocName;
     return 1;
 }
-
-int WINAPI RecordStartPage(HDC)
-{
-    ++s_standIns.m_nPages;
-    return 1;
-}
-
-int WINAPI AnswerEndPage(HDC)
-{
-    return s_standIns.m_nEndPageResult;
-}
-
-int WINAPI RecordEndDoc(HDC)
-{
-    return ++s_standIns.m_nEndDocs;
-}
-
-int WINAPI RecordAbortDoc(HDC)
-{
-    return ++s_standIns.m_nAborts;
-}
+int WINAPI RecordStartPage(HDC) { return ++s_standIns.m_nPages; }
+int WINAPI AnswerEndPage(HDC) { return s_standIns.m_nEndPageResult; }
+int WINAPI RecordEndDoc(HDC) { return ++s_standIns.m_nEndDocs; }
+int WINAPI RecordAbortDoc(HDC) { return ++s_standIns.m_nAborts; }
 
 class CListFunctionsTest : public ::testing::Test
 {
@@ -147,9 +122,8 @@ protected:
 
 std::string ReadFile(const std::string& strPath)
 {
-    std::ifstream file(strPath, std::ios::binary);
     std::stringstream content;
-    content << file.rdbuf();
+    content << std::ifstream(strPath, std::ios::binary).rdbuf();
     return content.str();
 }
 

@@ -10,6 +10,18 @@ const COLORREF RED = RGB(255, 0, 0);
 const COLORREF GREEN = RGB(0, 128, 0);
 const COLORREF LILAC = RGB(200, 200, 255);
 
+// Counts the records given back as entries go.
+class CCountingListBox : public CKelListBox
+{
+public:
+    void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct) override
+    {
+        m_nRecordsFreed += lpDeleteItemStruct->itemData != 0;
+        CKelListBox::DeleteItem(lpDeleteItemStruct);
+    }
+    int m_nRecordsFreed = 0;
+};
+
 // The parent is a CWnd, which reflects the owner-draw messages to the list.
 class CKelListBoxTest : public ::testing::Test
 {
@@ -79,7 +91,7 @@ TEST_F(CKelListBoxTest, EntriesAreDrawnInTheirOwnOrTheListsColours)
 
 TEST_F(CKelListBoxTest, RecordsHoldColoursAndDataAndTravelThroughASort)
 {
-    CKelListBox list;
+    CCountingListBox list;
     ASSERT_TRUE(CreateList(list, 0, {"c", "a", "b"}));
     for (int i = 0; i < 3; ++i)
         EXPECT_NE(LB_ERR, list.SetItemData(i, 100 + i));
@@ -94,7 +106,8 @@ TEST_F(CKelListBoxTest, RecordsHoldColoursAndDataAndTravelThroughASort)
     const DWORD aData[] = {101, 102, 100};
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(aData[i], list.GetItemData(i)) << i;
-    EXPECT_EQ(pRecord, list.CListBox::GetItemData(2)); // the same record, not freed
+    EXPECT_EQ(pRecord, list.CListBox::GetItemData(2)); // the same record
+    EXPECT_EQ(0, list.m_nRecordsFreed);
     COLORREF crText = 0, crBack = 0;
     ASSERT_EQ(1, list.GetItemColors(2, crText, crBack));
     EXPECT_EQ(RED, crText);
@@ -102,6 +115,8 @@ TEST_F(CKelListBoxTest, RecordsHoldColoursAndDataAndTravelThroughASort)
     ASSERT_EQ(1, list.GetItemColors(0, crText, crBack));
     EXPECT_EQ(KEL_NO_COLOR, crText);
     EXPECT_EQ(0, list.Sort(6));
+    list.DeleteString(2);
+    EXPECT_EQ(1, list.m_nRecordsFreed);
 
     CKelListBox sorted;
     ASSERT_TRUE(sorted.Create(WS_CHILD | LBS_SORT, CRect(0, 0, 50, 50), &m_host, IDC_LIST + 1));

@@ -4,6 +4,7 @@
 #include "KelControls.h"
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 

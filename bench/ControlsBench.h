@@ -32,4 +32,8 @@ double CalendarPaintMs();
 // it is painted, and a typed character that finds the last row by the key column while closed.
 double ComboGridOpenMs();
 double ComboGridFindKeyMs();
+
+// SortList of a list box of 50,000 entries ("Cue 00017 level 17", scrambled) by text,
+// until the list holds its new order (left to repaint).
+double SortListMs();
 } // namespace ControlsBench

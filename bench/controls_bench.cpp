@@ -23,6 +23,7 @@ const struct
     {"calendar_paint_ms", ControlsBench::CalendarPaintMs, 3},
     {"combogrid_open_ms", ControlsBench::ComboGridOpenMs, 30},
     {"combogrid_find_key_ms", ControlsBench::ComboGridFindKeyMs, 5},
+    {"sortlist_50000_ms", ControlsBench::SortListMs, 500},
 };
 } // namespace
 

@@ -1,7 +1,5 @@
 #include "gallery/EventListPage.h"
 
-#include "frame/EventList.h"
-
 namespace
 {
 const UINT IDC_CUE_LIST = 100;
@@ -34,12 +32,12 @@ const int INTRO_LINES = 2;
 const int LIST_WIDTH = 260;
 const int LIST_HEIGHT = 220;
 
-BOOL FillEventList(CListingWnd& list, const CUE_ENTRY* pEntries, int nCount)
+BOOL FillEventList(CKelListing& list, const CUE_ENTRY* pEntries, int nCount)
 {
     list.SetDefaultColors(DEFAULT_TEXT, DEFAULT_BACK);
     for (int i = 0; i < nCount; ++i)
     {
-        if (list.AddEntry(pEntries[i].lpszText, pEntries[i].crText, pEntries[i].crBack) < 0)
+        if (list.AddString(pEntries[i].lpszText, pEntries[i].crText, pEntries[i].crBack) < 0)
             return FALSE;
     }
     return TRUE;
@@ -58,12 +56,12 @@ int CEventListPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
     if (CGalleryPage::OnCreate(lpCreateStruct) == -1)
         return -1;
-    const DWORD dwListStyle = WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY;
+    const DWORD dwStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP;
     if (!CreateLabel(m_wndIntro, _T("Two event lists of KelControls. Drag a cue to the other list, or within its ")
                                  _T("list, to move it; hold Ctrl while dropping to copy it.")) ||
         !CreateLabel(m_wndCueListTitle, _T("Cue list")) || !CreateLabel(m_wndRunningOrderTitle, _T("Running order")) ||
-        !m_wndCueList.CreateEventList(dwListStyle, CRect(0, 0, 0, 0), this, IDC_CUE_LIST) ||
-        !m_wndRunningOrder.CreateEventList(dwListStyle, CRect(0, 0, 0, 0), this, IDC_RUNNING_ORDER) ||
+        !m_wndCueList.Create(dwStyle, CRect(0, 0, 0, 0), this, IDC_CUE_LIST) ||
+        !m_wndRunningOrder.Create(dwStyle, CRect(0, 0, 0, 0), this, IDC_RUNNING_ORDER) ||
         !CreateLabel(m_wndStatus, _T("No cue dropped yet.")))
         return -1;
     UseFont(m_wndCueList);

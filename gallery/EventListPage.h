@@ -1,10 +1,10 @@
-// Page "Event list": two of KelControls' event lists side by side. Entries are dragged from
+// Page "Event list": two of KelControls' event lists (as listings) side by side. Entries are dragged from
 // one list to the other (moved, or copied while Ctrl is held); the status line shows the entry
 // last dropped, as the receiving list reports it.
 #pragma once
 
 #include "gallery/GalleryPage.h"
-#include "gallery/ListingWnd.h"
+#include "listings/KelListing.h"
 
 class CEventListPage : public CGalleryPage
 {
@@ -25,7 +25,7 @@ private:
     CStatic m_wndIntro;
     CStatic m_wndCueListTitle;
     CStatic m_wndRunningOrderTitle;
-    CListingWnd m_wndCueList;
-    CListingWnd m_wndRunningOrder;
+    CKelListing m_wndCueList;
+    CKelListing m_wndRunningOrder;
     CStatic m_wndStatus;
 };

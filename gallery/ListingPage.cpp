@@ -3,6 +3,9 @@
 namespace
 {
 const UINT IDC_LISTING = 100;
+const UINT IDC_LISTBOX = 101;
+const UINT IDC_SORT_NAME = 102;
+const UINT IDC_SORT_LEVEL = 103;
 
 // Gel colours: the entry's name, text and background.
 const struct
@@ -23,28 +26,55 @@ const int GEL_COUNT = static_cast<int>(sizeof(s_aGels) / sizeof(s_aGels[0]));
 const int CHANNEL_COUNT = 60;
 const int FIRST_SELECTION = 4;
 
+// The list box: levels first, so that a sort by number orders them by level.
+const struct
+{
+    LPCTSTR lpszText;
+    COLORREF crText; // KEL_NO_COLOR: the list's own
+    COLORREF crBack;
+} s_aFixtures[] = {
+    {_T("75  Spot 1, stage left"), KEL_NO_COLOR, KEL_NO_COLOR},
+    {_T("100  Follow spot"), RGB(255, 255, 255), RGB(160, 0, 0)},
+    {_T("40  Cyc lights, blue"), RGB(255, 255, 255), RGB(0, 64, 192)},
+    {_T("0  Houselights"), RGB(128, 128, 128), KEL_NO_COLOR},
+    {_T("55  Wash, amber"), RGB(0, 0, 0), RGB(255, 191, 0)},
+    {_T("20  Spot 2, stage right"), KEL_NO_COLOR, KEL_NO_COLOR},
+    {_T("85  Special on the chair"), RGB(0, 96, 0), RGB(210, 255, 210)},
+    {_T("10  Running lights"), KEL_NO_COLOR, KEL_NO_COLOR},
+};
+
 const int INTRO_LINES = 2;
-const int LISTING_WIDTH = 320;
+const int LIST_WIDTH = 300;
+const int BUTTON_WIDTH = 130;
 } // namespace
 
 IMPLEMENT_DYNCREATE(CListingPage, CGalleryPage)
 
 BEGIN_MESSAGE_MAP(CListingPage, CGalleryPage)
 ON_WM_CREATE()
-ON_LBN_SELCHANGE(IDC_LISTING, OnListingSelChange)
+ON_LBN_SELCHANGE(IDC_LISTING, OnSelChange)
+ON_LBN_SELCHANGE(IDC_LISTBOX, OnSelChange)
+ON_BN_CLICKED(IDC_SORT_NAME, OnSortByName)
+ON_BN_CLICKED(IDC_SORT_LEVEL, OnSortByLevel)
 END_MESSAGE_MAP()
 
 int CListingPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
 {
     if (CGalleryPage::OnCreate(lpCreateStruct) == -1)
         return -1;
-    if (!CreateLabel(m_wndIntro, _T("A listing window of KEL_Util: every entry has its own colours. Select with ")
-                                 _T("the mouse, the arrow and page keys, or by typing the start of an entry.")) ||
-        !m_wndListing.CreateListing(WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY, CRect(0, 0, 0, 0),
-                                    this, IDC_LISTING) ||
+    const DWORD dwButton = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON;
+    if (!CreateLabel(m_wndIntro, _T("Left, a listing: every channel in its gel's colours. Right, a list box with ")
+                                 _T("coloured entries and several selectable (Ctrl+click). The buttons sort both.")) ||
+        !m_wndListing.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP, CRect(0, 0, 0, 0), this, IDC_LISTING) ||
+        !m_wndListBox.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_EXTENDEDSEL,
+                             CRect(0, 0, 0, 0), this, IDC_LISTBOX) ||
+        !m_wndSortByName.Create(_T("Sort by name"), dwButton, CRect(0, 0, 0, 0), this, IDC_SORT_NAME) ||
+        !m_wndSortByLevel.Create(_T("Sort by level"), dwButton, CRect(0, 0, 0, 0), this, IDC_SORT_LEVEL) ||
         !CreateLabel(m_wndSelection, NULL))
         return -1;
-    UseFont(m_wndListing);
+    for (CWnd* pWnd : {static_cast<CWnd*>(&m_wndListing), static_cast<CWnd*>(&m_wndListBox),
+                       static_cast<CWnd*>(&m_wndSortByName), static_cast<CWnd*>(&m_wndSortByLevel)})
+        UseFont(*pWnd);
     // Placed before the selection is made: selecting scrolls the listing to show the entry,
     // which a listing of no height yet would do needlessly.
     LayoutControls(lpCreateStruct->cx, lpCreateStruct->cy);
@@ -53,25 +83,67 @@ int CListingPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
         int nGel = (nChannel - 1) % GEL_COUNT;
         CString strEntry;
         strEntry.Format(_T("Channel %d   %s   at %d%%"), nChannel, s_aGels[nGel].lpszName, nChannel * 37 % 101);
-        if (m_wndListing.AddEntry(strEntry, s_aGels[nGel].crText, s_aGels[nGel].crBack) < 0)
+        if (m_wndListing.AddString(strEntry, s_aGels[nGel].crText, s_aGels[nGel].crBack) < 0)
             return -1;
     }
+    for (const auto& fixture : s_aFixtures)
+        if (m_wndListBox.AddString(fixture.lpszText, fixture.crText, fixture.crBack) < 0)
+            return -1;
     m_wndListing.SetCurSel(FIRST_SELECTION);
-    OnListingSelChange();
+    m_wndListBox.SetSel(2);
+    m_wndListBox.SetSel(6);
+    OnSelChange();
     return 0;
 }
 
 void CListingPage::LayoutControls(int cx, int cy)
 {
     int y = PlaceIntro(m_wndIntro, cx, INTRO_LINES);
-    int nListingHeight = cy - y - GAP - LINE_HEIGHT - MARGIN;
-    m_wndListing.MoveWindow(MARGIN, y, LISTING_WIDTH, nListingHeight > 0 ? nListingHeight : 0);
+    int nListHeight = cy - y - 2 * GAP - EDIT_HEIGHT - LINE_HEIGHT - MARGIN;
+    if (nListHeight < 0)
+        nListHeight = 0;
+    m_wndListing.MoveWindow(MARGIN, y, LIST_WIDTH, nListHeight);
+    m_wndListBox.MoveWindow(MARGIN + LIST_WIDTH + GAP, y, LIST_WIDTH, nListHeight);
+    y += nListHeight + GAP;
+    m_wndSortByName.MoveWindow(MARGIN, y, BUTTON_WIDTH, EDIT_HEIGHT);
+    m_wndSortByLevel.MoveWindow(MARGIN + BUTTON_WIDTH + GAP, y, BUTTON_WIDTH, EDIT_HEIGHT);
     m_wndSelection.MoveWindow(MARGIN, cy - MARGIN - LINE_HEIGHT, cx - 2 * MARGIN, LINE_HEIGHT);
 }
 
-void CListingPage::OnListingSelChange()
+void CListingPage::OnSelChange()
 {
+    CString strChannel;
     int nSelection = m_wndListing.GetCurSel();
-    m_wndSelection.SetWindowText(nSelection < 0 ? CString(_T("Nothing selected."))
-                                                : _T("Selected: ") + m_wndListing.GetText(nSelection));
+    if (nSelection < 0 || !m_wndListing.GetAt(nSelection, strChannel))
+        strChannel = _T("no channel");
+    CString strText;
+    strText.Format(_T("Selected: %s; %d of the fixtures."), static_cast<LPCTSTR>(strChannel), m_wndListBox.GetSelCount());
+    m_wndSelection.SetWindowText(strText);
+}
+
+void CListingPage::SortBoth(int nType)
+{
+    m_wndListing.Sort(nType);
+    m_wndListBox.Sort(nType);
+    OnSelChange();
+}
+
+void CListingPage::OnSortByName()
+{
+    SortBoth(0);
+}
+
+void CListingPage::OnSortByLevel()
+{
+    // The listing's entries begin with a word, which reads as 0: its order stays.
+    SortBoth(3);
+}
+
+LPCTSTR CListingPage::EnterSnapshotState(int nState, HWND* phWndPopup)
+{
+    *phWndPopup = NULL;
+    if (nState != 1)
+        return NULL;
+    OnSortByLevel();
+    return _T("sorted");
 }

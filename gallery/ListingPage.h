@@ -1,9 +1,11 @@
-// Page "Listing": a listing window of KEL_Util (the gallery's own class over WndListingProc)
-// with many entries in their own colours; the line below follows the selection.
+// Page "Listing": a listing (CKelListing) of channels in their gel colours and a list box with
+// coloured entries (CKelListBox, several entries selectable), sorted by the buttons through
+// SortList; the line below follows the selections.
 #pragma once
 
 #include "gallery/GalleryPage.h"
-#include "gallery/ListingWnd.h"
+#include "listings/KelListBox.h"
+#include "listings/KelListing.h"
 
 class CListingPage : public CGalleryPage
 {
@@ -11,14 +13,24 @@ class CListingPage : public CGalleryPage
 public:
     CListingPage() {}
 
+    // State 1, "sorted": both lists sorted by level, highest first.
+    LPCTSTR EnterSnapshotState(int nState, HWND* phWndPopup) override;
+
 protected:
     void LayoutControls(int cx, int cy) override;
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
-    afx_msg void OnListingSelChange();
+    afx_msg void OnSelChange();
+    afx_msg void OnSortByName();
+    afx_msg void OnSortByLevel();
     DECLARE_MESSAGE_MAP()
 
 private:
+    void SortBoth(int nType);
+
     CStatic m_wndIntro;
-    CListingWnd m_wndListing;
+    CKelListing m_wndListing;
+    CKelListBox m_wndListBox;
+    CButton m_wndSortByName;
+    CButton m_wndSortByLevel;
     CStatic m_wndSelection;
 };

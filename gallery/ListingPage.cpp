@@ -4,7 +4,7 @@ namespace
 {
 const UINT IDC_LISTING = 100;
 const UINT IDC_LISTBOX = 101;
-const UINT IDC_SORT_NAME = 102;
+const UINT IDC_SORT_TEXT = 102;
 const UINT IDC_SORT_LEVEL = 103;
 
 // Gel colours: the entry's name, text and background.
@@ -54,7 +54,7 @@ BEGIN_MESSAGE_MAP(CListingPage, CGalleryPage)
 ON_WM_CREATE()
 ON_LBN_SELCHANGE(IDC_LISTING, OnSelChange)
 ON_LBN_SELCHANGE(IDC_LISTBOX, OnSelChange)
-ON_BN_CLICKED(IDC_SORT_NAME, OnSortByName)
+ON_BN_CLICKED(IDC_SORT_TEXT, OnSortAsText)
 ON_BN_CLICKED(IDC_SORT_LEVEL, OnSortByLevel)
 END_MESSAGE_MAP()
 
@@ -68,12 +68,12 @@ int CListingPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
         !m_wndListing.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP, CRect(0, 0, 0, 0), this, IDC_LISTING) ||
         !m_wndListBox.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_EXTENDEDSEL,
                              CRect(0, 0, 0, 0), this, IDC_LISTBOX) ||
-        !m_wndSortByName.Create(_T("Sort by name"), dwButton, CRect(0, 0, 0, 0), this, IDC_SORT_NAME) ||
+        !m_wndSortAsText.Create(_T("Sort as text"), dwButton, CRect(0, 0, 0, 0), this, IDC_SORT_TEXT) ||
         !m_wndSortByLevel.Create(_T("Sort by level"), dwButton, CRect(0, 0, 0, 0), this, IDC_SORT_LEVEL) ||
         !CreateLabel(m_wndSelection, NULL))
         return -1;
     for (CWnd* pWnd : {static_cast<CWnd*>(&m_wndListing), static_cast<CWnd*>(&m_wndListBox),
-                       static_cast<CWnd*>(&m_wndSortByName), static_cast<CWnd*>(&m_wndSortByLevel)})
+                       static_cast<CWnd*>(&m_wndSortAsText), static_cast<CWnd*>(&m_wndSortByLevel)})
         UseFont(*pWnd);
     // Placed before the selection is made: selecting scrolls the listing to show the entry,
     // which a listing of no height yet would do needlessly.
@@ -82,7 +82,7 @@ int CListingPage::OnCreate(LPCREATESTRUCT lpCreateStruct)
     {
         int nGel = (nChannel - 1) % GEL_COUNT;
         CString strEntry;
-        strEntry.Format(_T("Channel %d   %s   at %d%%"), nChannel, s_aGels[nGel].lpszName, nChannel * 37 % 101);
+        strEntry.Format(_T("%d%%   Channel %d   %s"), nChannel * 37 % 101, nChannel, s_aGels[nGel].lpszName);
         if (m_wndListing.AddString(strEntry, s_aGels[nGel].crText, s_aGels[nGel].crBack) < 0)
             return -1;
     }
@@ -105,7 +105,7 @@ void CListingPage::LayoutControls(int cx, int cy)
     m_wndListing.MoveWindow(MARGIN, y, LIST_WIDTH, nListHeight);
     m_wndListBox.MoveWindow(MARGIN + LIST_WIDTH + GAP, y, LIST_WIDTH, nListHeight);
     y += nListHeight + GAP;
-    m_wndSortByName.MoveWindow(MARGIN, y, BUTTON_WIDTH, EDIT_HEIGHT);
+    m_wndSortAsText.MoveWindow(MARGIN, y, BUTTON_WIDTH, EDIT_HEIGHT);
     m_wndSortByLevel.MoveWindow(MARGIN + BUTTON_WIDTH + GAP, y, BUTTON_WIDTH, EDIT_HEIGHT);
     m_wndSelection.MoveWindow(MARGIN, cy - MARGIN - LINE_HEIGHT, cx - 2 * MARGIN, LINE_HEIGHT);
 }
@@ -128,14 +128,13 @@ void CListingPage::SortBoth(int nType)
     OnSelChange();
 }
 
-void CListingPage::OnSortByName()
+void CListingPage::OnSortAsText()
 {
     SortBoth(0);
 }
 
 void CListingPage::OnSortByLevel()
 {
-    // The listing's entries begin with a word, which reads as 0: its order stays.
     SortBoth(3);
 }
 

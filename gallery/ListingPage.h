@@ -20,7 +20,7 @@ protected:
     void LayoutControls(int cx, int cy) override;
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
     afx_msg void OnSelChange();
-    afx_msg void OnSortByName();
+    afx_msg void OnSortAsText();
     afx_msg void OnSortByLevel();
     DECLARE_MESSAGE_MAP()
 
@@ -30,7 +30,7 @@ private:
     CStatic m_wndIntro;
     CKelListing m_wndListing;
     CKelListBox m_wndListBox;
-    CButton m_wndSortByName;
+    CButton m_wndSortAsText;
     CButton m_wndSortByLevel;
     CStatic m_wndSelection;
 };

@@ -1,31 +1,17 @@
 // CKelCalendar in real windows: the month's layout and hit tests, the pixels of the colours and
 // markers, mouse and keyboard navigation with the notifications in their order, the repeat
 // timer of the arrow buttons, and the refusals of the member calls.
-#include <afxwin.h>
-#include <commctrl.h>
-#include <gtest/gtest.h>
-
-#include <string.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "calendar/KelCalendar.h"
 #include "capture/WindowImage.h"
-#include "tests/harness/ImportRecorder.h"
-#include "tests/harness/Input.h"
+#include "tests/controls/ControlHost.h"
 #include "tests/harness/MessageSequence.h"
-#include "tests/harness/NotifyRecorder.h"
+
+#include <commctrl.h>
+
+#include <utility>
 
 namespace
 {
 const int IDC_CAL = 101;
-
-double Day(int y, int m, int d)
-{
-    return CKelDate::JulianValue(static_cast<short>(y), static_cast<short>(m), static_cast<short>(d));
-}
 
 // SetTimer and KillTimer as the library calls them: the repeat's delays without waiting.
 struct CTimerCall
@@ -58,10 +44,8 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_parent.Create(400, 300, true));
-        m_parent.SetPayloadSize(CALN_SELCHANGE, sizeof(NMKELCALENDAR));
-        m_parent.SetPayloadSize(CALN_SELECT, sizeof(NMKELCALENDAR));
-        m_parent.SetPayloadSize(CALN_VIEWCHANGE, sizeof(NMKELCALENDAR));
-        m_parent.SetPayloadSize(CALN_DAYRCLICK, sizeof(NMKELCALENDAR));
+        for (UINT uCode : {CALN_SELCHANGE, CALN_SELECT, CALN_VIEWCHANGE, CALN_DAYRCLICK})
+            m_parent.SetPayloadSize(uCode, sizeof(NMKELCALENDAR));
         ASSERT_TRUE(m_cal.SetToday(Day(2003, 9, 17)));
         ASSERT_TRUE(m_cal.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 280, 210), CWnd::FromHandle(m_parent), IDC_CAL,
                                  KCS_MULTISELECT));

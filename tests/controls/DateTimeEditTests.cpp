@@ -1,9 +1,9 @@
 // The date edit, the time edits over KEL_Util's entry windows and the no-edit window.
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 
 namespace
 {
-typedef CEditHost DateTimeEditTest;
+typedef CControlHost DateTimeEditTest;
 
 TEST_F(DateTimeEditTest, DateTypingLetsThroughOnlyDateCharactersAndTheDateJudgesTheRest)
 {

@@ -1,8 +1,7 @@
 // The numeric edits: reading with range messages and the failure path, the keystroke, key and
 // paste filter with its relaxed lower bound and the double's special spellings, and the data
 // exchange of a real dialog.
-#include "tests/controls/DialogTemplate.h"
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 #include "tests/harness/MessageSequence.h"
 
 #include <afxdlg.h>
@@ -64,7 +63,7 @@ struct CEdits
 
 } // namespace
 
-class CNumericEditTest : public CEditHost
+class CNumericEditTest : public CControlHost
 {
 protected:
     CEdits m_edits;

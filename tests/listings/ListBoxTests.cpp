@@ -1,7 +1,6 @@
-#include "tests/listings/ListHost.h"
+#include "tests/controls/ControlHost.h"
 
 #include "capture/WindowImage.h"
-#include "tests/harness/ImportRecorder.h"
 
 namespace
 {
@@ -22,21 +21,13 @@ public:
     int m_nRecordsFreed = 0;
 };
 
-// The parent is a CWnd, which reflects the owner-draw messages to the list.
-class CKelListBoxTest : public ::testing::Test
+class CKelListBoxTest : public CControlHost
 {
 protected:
     void SetUp() override
     {
+        CControlHost::SetUp();
         InitListingLibrary();
-        ASSERT_TRUE(m_host.CreateEx(0, NULL, "", WS_POPUP, 20, 20, 300, 200, NULL, NULL));
-        m_host.ShowWindow(SW_SHOWNOACTIVATE);
-    }
-
-    void TearDown() override
-    {
-        CImportRecorder::Get().Uninstall();
-        m_host.DestroyWindow();
     }
 
     BOOL CreateList(CKelListBox& list, DWORD dwStyle, std::initializer_list<const char*> texts)
@@ -55,8 +46,6 @@ protected:
         list.GetItemRect(nIndex, &rect);
         return image.GetPixel(rect.right - 3, rect.CenterPoint().y);
     }
-
-    CWnd m_host;
 };
 } // namespace
 

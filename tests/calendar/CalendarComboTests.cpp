@@ -30,8 +30,7 @@ void PressThroughLoop(HWND hWnd, UINT vk, bool bAlt = false)
 // A click on a day of an open popup calendar.
 void ClickDay(CKelCalendar* pCal, double dDay)
 {
-    const CPoint pt = pCal->GetCellRect(static_cast<int>(dDay - pCal->GetFirstShownDay())).CenterPoint();
-    CInput::Click(*pCal, pt.x, pt.y);
+    CInput::Click(*pCal, CellOf(*pCal, dDay).CenterPoint().x, CellOf(*pCal, dDay).CenterPoint().y);
 }
 
 class CCalendarComboTest : public CControlHost

@@ -52,11 +52,7 @@ protected:
         m_parent.Clear();
     }
 
-    // The centre of a shown day's cell.
-    CPoint CentreOf(double dDay) const
-    {
-        return m_cal.GetCellRect(static_cast<int>(dDay - m_cal.GetFirstShownDay())).CenterPoint();
-    }
+    CPoint CentreOf(double dDay) const { return CellOf(m_cal, dDay).CenterPoint(); }
     std::vector<UINT> Codes() const
     {
         std::vector<UINT> codes;
@@ -373,7 +369,7 @@ TEST_F(CCalendarTest, DaysShowTheirColoursAndMarkers)
     m_cal.SetRange(Day(2003, 9, 1), Day(2003, 9, 29));
     CWindowImage image;
     ASSERT_TRUE(image.Capture(m_cal));
-    auto cell = [&](double d) { return m_cal.GetCellRect(static_cast<int>(d - m_cal.GetFirstShownDay())); };
+    auto cell = [&](double d) { return CellOf(m_cal, d); };
     const CRect rcFrame = cell(dFrame), rcDot = cell(dDot), rcCross = cell(dCross);
     EXPECT_EQ(RGB(0, 0, 0), image.GetPixel(rcFrame.left, rcFrame.CenterPoint().y));
     EXPECT_EQ(RGB(0, 0, 0), image.GetPixel(rcFrame.right - 1, rcFrame.top));

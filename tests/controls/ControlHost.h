@@ -51,6 +51,12 @@ inline double Day(int y, int m, int d)
     return CKelDate::JulianValue(static_cast<short>(y), static_cast<short>(m), static_cast<short>(d));
 }
 
+// The cell of a day a calendar shows.
+inline CRect CellOf(const CKelCalendar& cal, double dDay)
+{
+    return cal.GetCellRect(static_cast<int>(dDay - cal.GetFirstShownDay()));
+}
+
 inline void InitListingLibrary()
 {
     KelControlsInit init = {::LoadCursorA(NULL, MAKEINTRESOURCEA(32649)), ::LoadCursorA(NULL, MAKEINTRESOURCEA(32515)),

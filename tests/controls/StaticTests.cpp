@@ -17,7 +17,6 @@ protected:
         int y = 10 + 24 * m_nStatics++;
         ASSERT_TRUE(label.Create(pszText, WS_CHILD | WS_VISIBLE, CRect(10, y, 250, y + 20), &m_host, 100 + m_nStatics));
     }
-    static std::string Text(const CWnd& wnd) { return CInput::GetText(wnd.GetSafeHwnd()); }
 };
 
 TEST_F(CStaticTest, ValuesArePrintedWithAffixesAndSettingsAndTextsReadBack)

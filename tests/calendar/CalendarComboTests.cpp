@@ -1,28 +1,15 @@
 // The calendar combo and the calendar button: what the calendar opens on, the text written back
 // in each style, the closing order of the combo's notifications, the keys taken while open
 // through the message loop's pre-translation, and the button's buddies.
-#include <afxwin.h>
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "calendar/CalendarButton.h"
-#include "calendar/CalendarCombo.h"
 #include "grid/KelDropDown.h"
-#include "tests/harness/Input.h"
+#include "tests/controls/ControlHost.h"
 #include "tests/harness/MessageSequence.h"
-#include "tests/harness/NotifyRecorder.h"
 
 namespace
 {
 const int IDC_COMBO = 201, IDC_BUTTON = 202, IDC_BUDDY = 203;
 // What the parent below lets through reaches the recorder's own procedure.
 const UINT PARENT = SEQ_SENT | SEQ_DEFPROC;
-
-double Day(int y, int m, int d)
-{
-    return CKelDate::JulianValue(static_cast<short>(y), static_cast<short>(m), static_cast<short>(d));
-}
 
 // A key posted to the focus window and run through the loop as an MFC program's would: the
 // controls' PreTranslateMessage first.
@@ -43,36 +30,19 @@ void PressThroughLoop(HWND hWnd, UINT vk, bool bAlt = false)
 // A click on a day of an open popup calendar.
 void ClickDay(CKelCalendar* pCal, double dDay)
 {
-    const CPoint pt = pCal->GetCellRect(static_cast<int>(dDay - pCal->GetFirstShownDay())).CenterPoint();
-    CInput::Click(*pCal, pt.x, pt.y);
+    CInput::Click(*pCal, CellOf(*pCal, dDay).CenterPoint().x, CellOf(*pCal, dDay).CenterPoint().y);
 }
 
-// A recording parent with a CWnd over it, so that the controls' notifications are reflected to
-// them first, as in a dialog; what the controls let through is recorded.
-class CParentTest : public ::testing::Test
-{
-protected:
-    CNotifyRecorder m_parent;
-    CWnd m_wndParent;
-
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_parent.Create(300, 200, true));
-        ASSERT_TRUE(m_wndParent.SubclassWindow(m_parent));
-    }
-    void TearDown() override { m_wndParent.UnsubclassWindow(); }
-};
-
-class CCalendarComboTest : public CParentTest
+class CCalendarComboTest : public CControlHost
 {
 protected:
     CCalendarCombo m_combo;
 
     void SetUp() override
     {
-        CParentTest::SetUp();
+        CControlHost::SetUp();
         ASSERT_TRUE(m_combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN | CBS_AUTOHSCROLL, CRect(10, 10, 160, 200),
-                                   &m_wndParent, IDC_COMBO));
+                                   &m_host, IDC_COMBO));
         ASSERT_NE(nullptr, m_combo.GetCalendar());
         m_combo.GetCalendar()->SetToday(Day(2003, 10, 17));
         m_parent.SetPayloadSize(CALN_VIEWCHANGE, sizeof(NMKELCALENDAR));
@@ -181,16 +151,16 @@ TEST_F(CCalendarComboTest, BoundsLimitTheCalendarDays)
     EXPECT_EQ("09/20/2003", CInput::GetText(Edit()));
 }
 
-class CCalendarButtonTest : public CParentTest
+class CCalendarButtonTest : public CControlHost
 {
 protected:
     CCalendarButton m_button;
 
     void SetUp() override
     {
-        CParentTest::SetUp();
+        CControlHost::SetUp();
         ASSERT_TRUE(m_button.Create("...", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(200, 10, 230, 32),
-                                    &m_wndParent, IDC_BUTTON));
+                                    &m_host, IDC_BUTTON));
         m_parent.SetPayloadSize(CALN_SELECT, sizeof(NMKELCALENDAR));
     }
 };
@@ -199,11 +169,11 @@ TEST_F(CCalendarButtonTest, ChoiceGoesIntoTheBuddyInItsStyleThenToTheParent)
 {
     CDateEdit dateEdit;
     dateEdit.SetDateStyle(1);
-    ASSERT_TRUE(dateEdit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER, CRect(10, 10, 190, 32), &m_wndParent,
+    ASSERT_TRUE(dateEdit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER, CRect(10, 10, 190, 32), &m_host,
                                 IDC_BUDDY));
     CEdit plainEdit;
     ASSERT_TRUE(plainEdit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER, CRect(10, 40, 190, 62),
-                                 &m_wndParent, IDC_BUDDY + 1));
+                                 &m_host, IDC_BUDDY + 1));
     plainEdit.SetWindowText("09/01/2003");
     const struct
     {

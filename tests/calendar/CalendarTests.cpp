@@ -1,31 +1,17 @@
 // CKelCalendar in real windows: the month's layout and hit tests, the pixels of the colours and
 // markers, mouse and keyboard navigation with the notifications in their order, the repeat
 // timer of the arrow buttons, and the refusals of the member calls.
-#include <afxwin.h>
-#include <commctrl.h>
-#include <gtest/gtest.h>
-
-#include <string.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "calendar/KelCalendar.h"
 #include "capture/WindowImage.h"
-#include "tests/harness/ImportRecorder.h"
-#include "tests/harness/Input.h"
+#include "tests/controls/ControlHost.h"
 #include "tests/harness/MessageSequence.h"
-#include "tests/harness/NotifyRecorder.h"
+
+#include <commctrl.h>
+
+#include <utility>
 
 namespace
 {
 const int IDC_CAL = 101;
-
-double Day(int y, int m, int d)
-{
-    return CKelDate::JulianValue(static_cast<short>(y), static_cast<short>(m), static_cast<short>(d));
-}
 
 // SetTimer and KillTimer as the library calls them: the repeat's delays without waiting.
 struct CTimerCall
@@ -48,33 +34,25 @@ BOOL WINAPI RecordKillTimer(HWND, UINT_PTR nID)
     return TRUE;
 }
 
-class CCalendarTest : public ::testing::Test
+class CCalendarTest : public CControlHost
 {
 protected:
-    CNotifyRecorder m_parent;
     CKelCalendar m_cal;
     CImportRecorder& m_recorder = CImportRecorder::Get();
 
     void SetUp() override
     {
-        ASSERT_TRUE(m_parent.Create(400, 300, true));
-        m_parent.SetPayloadSize(CALN_SELCHANGE, sizeof(NMKELCALENDAR));
-        m_parent.SetPayloadSize(CALN_SELECT, sizeof(NMKELCALENDAR));
-        m_parent.SetPayloadSize(CALN_VIEWCHANGE, sizeof(NMKELCALENDAR));
-        m_parent.SetPayloadSize(CALN_DAYRCLICK, sizeof(NMKELCALENDAR));
+        CControlHost::SetUp();
+        for (UINT uCode : {CALN_SELCHANGE, CALN_SELECT, CALN_VIEWCHANGE, CALN_DAYRCLICK})
+            m_parent.SetPayloadSize(uCode, sizeof(NMKELCALENDAR));
         ASSERT_TRUE(m_cal.SetToday(Day(2003, 9, 17)));
-        ASSERT_TRUE(m_cal.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 280, 210), CWnd::FromHandle(m_parent), IDC_CAL,
+        ASSERT_TRUE(m_cal.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 280, 210), &m_host, IDC_CAL,
                                  KCS_MULTISELECT));
         ASSERT_TRUE(m_cal.SetViewMonth(2003, 9));
         m_parent.Clear();
     }
-    void TearDown() override { m_recorder.Uninstall(); }
 
-    // The centre of a shown day's cell.
-    CPoint CentreOf(double dDay) const
-    {
-        return m_cal.GetCellRect(static_cast<int>(dDay - m_cal.GetFirstShownDay())).CenterPoint();
-    }
+    CPoint CentreOf(double dDay) const { return CellOf(m_cal, dDay).CenterPoint(); }
     std::vector<UINT> Codes() const
     {
         std::vector<UINT> codes;
@@ -205,8 +183,8 @@ TEST_F(CCalendarTest, ShiftClickIsCutAtTheMaximumAndTheNotificationsCarryTheChoi
     const CPoint pt = CentreOf(Day(2003, 9, 22));
     CInput::Click(m_cal, pt.x, pt.y, CInput::SHIFT);
     EXPECT_TRUE(seq.Check({
-        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELCHANGE},
-        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELECT},
+        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELCHANGE},
+        {"parent", WM_NOTIFY, SEQ_SENT | SEQ_DEFPROC | SEQ_WPARAM | SEQ_LPARAM, IDC_CAL, CALN_SELECT},
     }));
     const NMKELCALENDAR* pNm = m_parent.GetLast<NMKELCALENDAR>(CALN_SELECT);
     ASSERT_NE(nullptr, pNm);
@@ -391,7 +369,7 @@ TEST_F(CCalendarTest, DaysShowTheirColoursAndMarkers)
     m_cal.SetRange(Day(2003, 9, 1), Day(2003, 9, 29));
     CWindowImage image;
     ASSERT_TRUE(image.Capture(m_cal));
-    auto cell = [&](double d) { return m_cal.GetCellRect(static_cast<int>(d - m_cal.GetFirstShownDay())); };
+    auto cell = [&](double d) { return CellOf(m_cal, d); };
     const CRect rcFrame = cell(dFrame), rcDot = cell(dDot), rcCross = cell(dCross);
     EXPECT_EQ(RGB(0, 0, 0), image.GetPixel(rcFrame.left, rcFrame.CenterPoint().y));
     EXPECT_EQ(RGB(0, 0, 0), image.GetPixel(rcFrame.right - 1, rcFrame.top));

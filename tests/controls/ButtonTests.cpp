@@ -12,7 +12,7 @@
 
 #include "controls/KelButton.h"
 #include "kelutil/KEL_Util.h"
-#include "tests/controls/DialogTemplate.h"
+#include "tests/controls/ControlHost.h"
 #include "tests/harness/ImportRecorder.h"
 
 namespace

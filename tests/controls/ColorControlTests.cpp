@@ -1,14 +1,8 @@
 // The colour controls in real windows: the combo's list and its custom entry, the swatch
 // static's text and contrast, and the colour button's notifications, with the colour dialog
 // answered by the import recorder.
-#include "KelControls.h"
 #include "capture/WindowImage.h"
-#include "tests/harness/ImportRecorder.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "tests/controls/ControlHost.h"
 
 namespace
 {
@@ -17,54 +11,26 @@ enum
     IDC_COLOR = 100
 };
 
-// A parent with the handlers a host has: what reaches them, in order.
-class CColorHost : public CWnd
-{
-public:
-    std::vector<std::string> m_events;
-    std::vector<NMKELCOLOR> m_changes;
-
-protected:
-    afx_msg void OnSelChange() { m_events.push_back("CBN_SELCHANGE"); }
-    afx_msg void OnClicked() { m_events.push_back("BN_CLICKED"); }
-    afx_msg void OnColorChanged(NMHDR* pHeader, LRESULT*)
-    {
-        m_events.push_back("CLRN_COLORCHANGED");
-        m_changes.push_back(*reinterpret_cast<NMKELCOLOR*>(pHeader));
-    }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(CColorHost, CWnd)
-ON_CONTROL(CBN_SELCHANGE, IDC_COLOR, OnSelChange)
-ON_CONTROL(BN_CLICKED, IDC_COLOR, OnClicked)
-ON_NOTIFY(CLRN_COLORCHANGED, IDC_COLOR, OnColorChanged)
-END_MESSAGE_MAP()
-
-class CColorTest : public ::testing::Test
+class CColorTest : public CControlHost
 {
 protected:
-    CColorHost m_host;
     CImportRecorder& m_recorder = CImportRecorder::Get();
 
-    void SetUp() override
-    {
-        ASSERT_GT(m_recorder.Install(::GetModuleHandleA("KelControls.dll")), 0);
-        ASSERT_TRUE(m_host.CreateEx(0, "STATIC", "", WS_POPUP, 20, 20, 300, 200, NULL, NULL));
-        m_host.ShowWindow(SW_SHOWNOACTIVATE);
-    }
-    void TearDown() override { m_recorder.Uninstall(); }
-
-    const std::vector<CImportRecorder::CChooseColorCall>& Dialogs() const
-    {
-        return m_recorder.GetRecords().m_chooseColors;
-    }
+    const std::vector<CImportRecorder::CChooseColorCall>& Dialogs() const { return Records().m_chooseColors; }
     // Runs what the controls posted themselves (the colour dialog of the custom entry).
     static void DispatchPosted()
     {
         MSG msg;
         while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE))
             ::DispatchMessage(&msg);
+    }
+    // How many selection changes reached the parent.
+    int SelChanges() const
+    {
+        int nCount = 0;
+        for (const auto& command : m_parent.GetCommands())
+            nCount += command.m_uNotifyCode == CBN_SELCHANGE;
+        return nCount;
     }
 };
 
@@ -132,13 +98,13 @@ TEST_F(CColorTest, TheCustomEntryOpensTheDialogAndNeverReachesTheParent)
         const char* pszName;
         bool bOk;
         COLORREF crChosen;
-        std::vector<std::string> events;
+        int nSelChanges;
         int nSel;
         COLORREF crSelected;
     } aCases[] = {
-        {"cancelled", false, 0, {}, 15, RGB(255, 255, 255)},
-        {"the same colour", true, RGB(255, 255, 255), {}, 15, RGB(255, 255, 255)},
-        {"a new colour", true, RGB(10, 20, 30), {"CBN_SELCHANGE"}, 16, RGB(10, 20, 30)},
+        {"cancelled", false, 0, 0, 15, RGB(255, 255, 255)},
+        {"the same colour", true, RGB(255, 255, 255), 0, 15, RGB(255, 255, 255)},
+        {"a new colour", true, RGB(10, 20, 30), 1, 16, RGB(10, 20, 30)},
     };
     for (const auto& c : aCases)
     {
@@ -146,7 +112,7 @@ TEST_F(CColorTest, TheCustomEntryOpensTheDialogAndNeverReachesTheParent)
         if (c.bOk)
             m_recorder.PushChooseColorOk(c.crChosen);
         combo.SetSelectedColor(RGB(255, 255, 255));
-        m_host.m_events.clear();
+        m_parent.Clear();
         m_recorder.ClearRecords();
         combo.SendMessage(WM_KEYDOWN, VK_END); // the closed combo moves to "Custom..." at once
         EXPECT_TRUE(Dialogs().empty());       // not while the combo is still notifying
@@ -155,14 +121,14 @@ TEST_F(CColorTest, TheCustomEntryOpensTheDialogAndNeverReachesTheParent)
         EXPECT_EQ(m_host.m_hWnd, Dialogs()[0].m_hWndOwner);
         EXPECT_EQ(static_cast<DWORD>(CC_RGBINIT | CC_ANYCOLOR), Dialogs()[0].m_dwFlags);
         EXPECT_EQ(RGB(255, 255, 255), Dialogs()[0].m_crInitial); // the previous entry's colour
-        EXPECT_EQ(c.events, m_host.m_events);
+        EXPECT_EQ(c.nSelChanges, SelChanges());
         EXPECT_EQ(c.nSel, combo.CComboBox::GetCurSel());
         EXPECT_EQ(c.crSelected, combo.GetSelectedColor());
     }
     // An ordinary entry is passed on as usual.
-    m_host.m_events.clear();
+    m_parent.Clear();
     combo.SendMessage(WM_KEYDOWN, VK_HOME);
-    EXPECT_EQ(std::vector<std::string>{"CBN_SELCHANGE"}, m_host.m_events);
+    EXPECT_EQ(1, SelChanges());
     EXPECT_EQ(RGB(0, 0, 0), combo.GetSelectedColor());
 }
 
@@ -212,15 +178,23 @@ TEST_F(CColorTest, TheColourButtonReportsANewColourBeforeTheClickAndSharesTheCus
 
     m_recorder.PushChooseColorOk(RGB(0, 128, 0)); // the same colour: a click only
     m_recorder.PushChooseColorOk(RGB(200, 0, 0));
+    m_parent.SetPayloadSize(CLRN_COLORCHANGED, sizeof(NMKELCOLOR));
+    size_t nClicksBefore = 0; // the clicks the parent had heard when the change came
+    m_parent.SetHandler(CLRN_COLORCHANGED, [&](NMHDR*) {
+        nClicksBefore = m_parent.GetCommands().size();
+        return LRESULT(0);
+    });
     button.SendMessage(BM_CLICK);
     button.SendMessage(BM_CLICK);
-    std::vector<std::string> expected = {"BN_CLICKED", "CLRN_COLORCHANGED", "BN_CLICKED"};
-    EXPECT_EQ(expected, m_host.m_events);
-    ASSERT_EQ(1u, m_host.m_changes.size());
-    EXPECT_EQ(CLRN_COLORCHANGED, m_host.m_changes[0].hdr.code);
-    EXPECT_EQ(button.m_hWnd, m_host.m_changes[0].hdr.hwndFrom);
-    EXPECT_EQ(RGB(0, 128, 0), m_host.m_changes[0].crOldColor);
-    EXPECT_EQ(RGB(200, 0, 0), m_host.m_changes[0].crNewColor);
+    ASSERT_EQ(2u, m_parent.GetCommands().size());
+    EXPECT_EQ(static_cast<UINT>(BN_CLICKED), m_parent.GetCommands()[1].m_uNotifyCode);
+    EXPECT_EQ(1, m_parent.GetCount(CLRN_COLORCHANGED));
+    EXPECT_EQ(1u, nClicksBefore);
+    const NMKELCOLOR* pChange = m_parent.GetLast<NMKELCOLOR>(CLRN_COLORCHANGED);
+    ASSERT_NE(nullptr, pChange);
+    EXPECT_EQ(button.m_hWnd, pChange->hdr.hwndFrom);
+    EXPECT_EQ(RGB(0, 128, 0), pChange->crOldColor);
+    EXPECT_EQ(RGB(200, 0, 0), pChange->crNewColor);
     EXPECT_EQ(RGB(200, 0, 0), button.GetColor());
 
     CWindowImage image;

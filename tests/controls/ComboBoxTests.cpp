@@ -1,17 +1,11 @@
 // The text combo and the typed combos: real combos in a hidden host, and in a modeless dialog
 // for the subclassing and data exchange paths.
-#include "KelControls.h"
-#include "tests/controls/DialogTemplate.h"
-#include "tests/harness/ImportRecorder.h"
-#include "tests/harness/Input.h"
+#include "tests/controls/ControlHost.h"
 
 #include <afxdlg.h>
-#include <gtest/gtest.h>
-
 #include <float.h>
+
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace
 {
@@ -44,22 +38,12 @@ public:
 };
 } // namespace
 
-class CComboTest : public ::testing::Test
+class CComboTest : public CControlHost
 {
 protected:
-    CWnd m_host;
     // A label and a drop-down combo after it.
     const std::vector<WORD> m_template = DialogTemplate(
         {{0x82, IDC_LABEL, 0, 4, 10, "Level"}, {0x85, IDC_COMBO, CBS_DROPDOWN | WS_VSCROLL, 16, 60, ""}});
-
-    void SetUp() override
-    {
-        ASSERT_GT(CImportRecorder::Get().Install(::GetModuleHandleA("KelControls.dll")), 0);
-        ASSERT_TRUE(m_host.CreateEx(0, "STATIC", "", WS_POPUP, 20, 20, 300, 200, NULL, NULL));
-        // Shown without activation: taking the focus costs no wait when the window goes.
-        m_host.ShowWindow(SW_SHOWNOACTIVATE);
-    }
-    void TearDown() override { CImportRecorder::Get().Uninstall(); }
 
     void Create(CComboBox& combo)
     {
@@ -71,10 +55,6 @@ protected:
         dlg.m_pCombo = &combo;
         return dlg.CreateIndirect(reinterpret_cast<LPCDLGTEMPLATE>(m_template.data()), &m_host,
                                   const_cast<char*>(s_items)) != FALSE;
-    }
-    const std::vector<CImportRecorder::CMessageBoxCall>& Boxes() const
-    {
-        return CImportRecorder::Get().GetRecords().m_messageBoxes;
     }
 };
 
@@ -206,7 +186,7 @@ TEST_F(CComboTest, TheFieldEditFiltersWithTheCombosSettingsAndColours)
         ::SetWindowTextA(hEdit, "");
         CInput::TypeText(hEdit, c.pszTyped);
         EXPECT_EQ(c.pszText, CInput::GetText(hEdit));
-        EXPECT_EQ(c.nBeeps, CImportRecorder::Get().GetRecords().m_beeps.size());
+        EXPECT_EQ(c.nBeeps, Records().m_beeps.size());
     }
 
     // The edit field asks the combo for its colours (the system combo would pass the request on

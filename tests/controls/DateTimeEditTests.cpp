@@ -1,9 +1,9 @@
 // The date edit, the time edits over KEL_Util's entry windows and the no-edit window.
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 
 namespace
 {
-typedef CEditHost DateTimeEditTest;
+typedef CControlHost DateTimeEditTest;
 
 TEST_F(DateTimeEditTest, DateTypingLetsThroughOnlyDateCharactersAndTheDateJudgesTheRest)
 {
@@ -102,8 +102,7 @@ TEST_F(DateTimeEditTest, HourTimeEditSwallowsDigitKeysPastTheMinutes)
 TEST_F(DateTimeEditTest, NoEditSwallowsTextAndPassesNavigationKeysToItsParent)
 {
     CNoEdit wnd;
-    ASSERT_TRUE(wnd.Create(NULL, NULL, WS_CHILD | WS_VISIBLE, CRect(0, 0, 50, 20),
-                           CWnd::FromHandle(m_parent.GetSafeHwnd()), 72));
+    ASSERT_TRUE(wnd.Create(NULL, NULL, WS_CHILD | WS_VISIBLE, CRect(0, 0, 50, 20), &m_host, 72));
     m_parent.RecordMessage(WM_APP + 200);
     m_parent.RecordMessage(WM_APP + 201);
     EXPECT_EQ(static_cast<LRESULT>(DLGC_WANTTAB | DLGC_WANTARROWS | DLGC_WANTCHARS), wnd.SendMessage(WM_GETDLGCODE));

@@ -1,9 +1,9 @@
 // The command edit: reading the command with its message, the typing check and the level recall.
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 
 namespace
 {
-typedef CEditHost DmxCommandEditTest;
+typedef CControlHost DmxCommandEditTest;
 
 TEST_F(DmxCommandEditTest, ReadingReportsInvalidSyntaxAndLeavesTheTextWhole)
 {

@@ -1,12 +1,12 @@
 // The mask edit keeps its literals through typing, Delete, Backspace and paste; the timecode
 // edit reads only texts that print back the same and checks its long bounds.
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 
 #include <limits.h>
 
 namespace
 {
-typedef CEditHost MaskEditTest;
+typedef CControlHost MaskEditTest;
 
 TEST_F(MaskEditTest, LiteralsStayInPlaceThroughTypingDeletingAndPasting)
 {

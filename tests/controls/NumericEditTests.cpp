@@ -1,15 +1,13 @@
 // The numeric edits: reading with range messages and the failure path, the keystroke, key and
 // paste filter with its relaxed lower bound and the double's special spellings, and the data
 // exchange of a real dialog.
-#include "tests/controls/DialogTemplate.h"
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 #include "tests/harness/MessageSequence.h"
 
 #include <afxdlg.h>
 #include <float.h>
 #include <limits.h>
 
-#include <memory>
 #include <vector>
 
 namespace
@@ -64,11 +62,7 @@ struct CEdits
 
 } // namespace
 
-class CNumericEditTest : public CEditHost
-{
-protected:
-    CEdits m_edits;
-};
+typedef CControlHost CNumericEditTest;
 
 TEST_F(CNumericEditTest, ReadsInRangeOrReportsTheMessageInABoxCaptionedWithTheName)
 {
@@ -212,17 +206,18 @@ TEST_F(CNumericEditTest, TypingKeysAndPastesAreJudgedWithTheLowerBoundRelaxed)
     }
 
     // 5 got in on the way to a number in range, but it is not in range.
-    CLongEdit& edit = m_edits.m_long;
+    CLongEdit edit;
     CreateEdit(edit);
     edit.SetMinMaxValues(10, 100);
     CInput::TypeText(edit, "5");
-    EXPECT_FALSE(edit.GetValue(*std::make_unique<LONG>()));
+    LONG nValue = 0;
+    EXPECT_FALSE(edit.GetValue(nValue));
     ASSERT_EQ(1u, Records().m_messageBoxes.size());
 }
 
 TEST_F(CNumericEditTest, ARefusedKeystrokeRestoresTextAndSelectionWithRedrawingOff)
 {
-    CLongEdit& edit = m_edits.m_long;
+    CLongEdit edit;
     CreateEdit(edit);
     CInput::TypeText(edit, "12");
     CMessageSequence sequence;

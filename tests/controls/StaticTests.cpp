@@ -1,34 +1,22 @@
 // The text static and the typed statics in real windows: values printed with their affixes and
 // settings, texts read back as values, the colours given to the parent, and the dialog path.
-#include "KelControls.h"
-#include "tests/harness/Input.h"
+#include "tests/controls/ControlHost.h"
 
 #include <afxdlg.h>
-#include <gtest/gtest.h>
-
 #include <float.h>
-#include <string.h>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace
 {
-class CStaticTest : public ::testing::Test
+class CStaticTest : public CControlHost
 {
 protected:
-    CWnd m_host;
     int m_nStatics = 0;
-
-    void SetUp() override { ASSERT_TRUE(m_host.CreateEx(0, "STATIC", "", WS_POPUP, 20, 20, 300, 400, NULL, NULL)); }
 
     void Create(CStatic& label, const char* pszText = "")
     {
         int y = 10 + 24 * m_nStatics++;
         ASSERT_TRUE(label.Create(pszText, WS_CHILD | WS_VISIBLE, CRect(10, y, 250, y + 20), &m_host, 100 + m_nStatics));
     }
-    static std::string Text(const CWnd& wnd) { return CInput::GetText(wnd.GetSafeHwnd()); }
 };
 
 TEST_F(CStaticTest, ValuesArePrintedWithAffixesAndSettingsAndTextsReadBack)
@@ -143,19 +131,8 @@ TEST_F(CStaticTest, ADialogsStaticsReadTheTemplateOrShowTheObjectsValueAndOutliv
         IDC_READ = 100,
         IDC_GIVEN = 101
     };
-    const DWORD dwDlgStyle = WS_POPUP | DS_MODALFRAME;
-    std::vector<WORD> words = {LOWORD(dwDlgStyle), HIWORD(dwDlgStyle), 0, 0, 2, 0, 0, 200, 100, 0, 0, 0};
-    auto add = [&](WORD nID, WORD y, const char* pszText) {
-        if (words.size() % 2 != 0)
-            words.push_back(0);
-        const DWORD dwStyle = WS_CHILD | WS_VISIBLE;
-        words.insert(words.end(), {LOWORD(dwStyle), HIWORD(dwStyle), 0, 0, 10, y, 80, 10, nID, 0xFFFF, 0x82});
-        words.insert(words.end(), pszText, pszText + strlen(pszText) + 1);
-        words.push_back(0);
-    };
-    add(IDC_READ, 4, "17");
-    add(IDC_GIVEN, 20, "template");
-
+    const std::vector<WORD> words =
+        DialogTemplate({{0x82, IDC_READ, 0, 4, 10, "17"}, {0x82, IDC_GIVEN, 0, 20, 10, "template"}});
     CDialog dlg;
     ASSERT_TRUE(dlg.CreateIndirect(reinterpret_cast<LPCDLGTEMPLATE>(words.data()), &m_host));
     CUShortStatic read;

@@ -1,6 +1,6 @@
 // The edit base: the text cached in the object, the colours handed to the parent, and the
 // class-wide focus procedures with their guards.
-#include "tests/controls/EditHost.h"
+#include "tests/controls/ControlHost.h"
 
 #include <vector>
 
@@ -27,7 +27,7 @@ void OnKillFocusProc(CWnd* pThis, CWnd* pNew)
 }
 } // namespace
 
-class CStringEditTest : public CEditHost
+class CStringEditTest : public CControlHost
 {
 protected:
     void TearDown() override
@@ -37,7 +37,7 @@ protected:
         m_edit.SetKillFocusProc(NULL);
         s_calls.clear();
         s_pFocusTarget = NULL;
-        CEditHost::TearDown();
+        CControlHost::TearDown();
     }
 
     CStringEdit m_edit;

@@ -1,8 +1,6 @@
-#include "tests/listings/ListHost.h"
+#include "tests/controls/ControlHost.h"
 
 #include "capture/WindowImage.h"
-#include "tests/harness/ImportRecorder.h"
-#include "tests/harness/NotifyRecorder.h"
 
 #include <cderr.h>
 #include <commdlg.h>
@@ -16,11 +14,6 @@ HWND CreateList(HWND hParent, const char* pszClass, DWORD dwStyle)
 {
     return ::CreateWindowExA(0, pszClass, "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | dwStyle, 0, 0, 200, 150, hParent,
                              reinterpret_cast<HMENU>(10), CKelControlsModule::GetInstanceHandle(), NULL);
-}
-
-HMODULE Library()
-{
-    return ::GetModuleHandleA("KelControls.dll");
 }
 
 // ---- stand-ins for the dialogs, the print job and the text drawing ----------------------------
@@ -46,12 +39,11 @@ struct CStandIns
     int m_nAborts = 0;
 };
 CStandIns s_standIns;
-decltype(&::DrawTextA) s_pfnDrawText = NULL;
 
 int WINAPI RecordDrawText(HDC hDC, LPCSTR pszText, int nCount, LPRECT pRect, UINT uFormat)
 {
     s_standIns.m_texts.push_back({pszText, *pRect, uFormat});
-    return s_pfnDrawText(hDC, pszText, nCount, pRect, uFormat);
+    return ::DrawTextA(hDC, pszText, nCount, pRect, uFormat); // the program's own import, not redirected
 }
 BOOL WINAPI AnswerPrintDlg(LPPRINTDLGA pPrintDlg)
 {
@@ -74,24 +66,20 @@ int WINAPI AnswerEndPage(HDC) { return s_standIns.m_nEndPageResult; }
 int WINAPI RecordEndDoc(HDC) { return ++s_standIns.m_nEndDocs; }
 int WINAPI RecordAbortDoc(HDC) { return ++s_standIns.m_nAborts; }
 
-class CListFunctionsTest : public ::testing::Test
+class CListFunctionsTest : public CControlHost
 {
 protected:
     void SetUp() override
     {
+        CControlHost::SetUp();
         InitListingLibrary();
-        ASSERT_TRUE(m_parent.Create(400, 300));
         s_standIns = CStandIns();
-        CImportRecorder& recorder = CImportRecorder::Get();
-        s_pfnDrawText = reinterpret_cast<decltype(&::DrawTextA)>(
-            recorder.Redirect(Library(), "user32.dll", "DrawTextA", reinterpret_cast<void*>(RecordDrawText)));
-        ASSERT_NE(nullptr, s_pfnDrawText);
         const struct
         {
-            const char* pszDll;
-            const char* pszFunction;
+            const char *pszDll, *pszFunction;
             void* pfnStandIn;
         } aRedirects[] = {
+            {"user32.dll", "DrawTextA", reinterpret_cast<void*>(RecordDrawText)},
             {"comdlg32.dll", "PrintDlgA", reinterpret_cast<void*>(AnswerPrintDlg)},
             {"comdlg32.dll", "GetSaveFileNameA", reinterpret_cast<void*>(AnswerSaveDlg)},
             {"comdlg32.dll", "CommDlgExtendedError", reinterpret_cast<void*>(AnswerDialogError)},
@@ -102,11 +90,10 @@ protected:
             {"gdi32.dll", "AbortDoc", reinterpret_cast<void*>(RecordAbortDoc)},
         };
         for (const auto& redirect : aRedirects)
-            ASSERT_NE(nullptr, recorder.Redirect(Library(), redirect.pszDll, redirect.pszFunction, redirect.pfnStandIn))
+            ASSERT_NE(nullptr, CImportRecorder::Get().Redirect(::GetModuleHandleA("KelControls.dll"), redirect.pszDll,
+                                                               redirect.pszFunction, redirect.pfnStandIn))
                 << redirect.pszFunction;
     }
-
-    void TearDown() override { CImportRecorder::Get().Uninstall(); }
 
     // An event list with "entry 1" to "entry N".
     HWND CreateEntries(int nCount)
@@ -116,8 +103,6 @@ protected:
             FillList(hList, {("entry " + std::to_string(i)).c_str()});
         return hList;
     }
-
-    CNotifyRecorder m_parent;
 };
 
 std::string ReadFile(const std::string& strPath)
@@ -137,30 +122,38 @@ std::string TempPath(const char* pszName)
 
 // ---- SortList -----------------------------------------------------------------------------------
 
-TEST_F(CListFunctionsTest, SortListOrdersByTheGridsSortTypesAndKeepsTiesInOrder)
+TEST_F(CListFunctionsTest, SortListOrdersByTheGridsSortTypesKeepsTiesInOrderAndRefusesWhatItCannot)
 {
     const struct
     {
         const char* pszClass;
+        DWORD dwStyle;
         int nType;
         std::initializer_list<const char*> input;
-        std::vector<std::string> expected;
+        std::vector<std::string> expected; // empty: refused, the list left as it was
     } aCases[] = {
-        {EVENT_LIST_CLASS, 2, {"10", "9", "abc"}, {"abc", "9", "10"}}, // "abc" is 0
-        {EVENT_LIST_CLASS, 3, {"9", "abc", "10"}, {"10", "9", "abc"}},
-        {"LISTBOX", 0, {"b", "a", "B", "A"}, {"a", "A", "b", "B"}},
-        {"LISTBOX", 1, {"b", "a", "B", "A"}, {"b", "B", "a", "A"}},
-        {"LISTBOX", 4, {"1:00:00", "59:00", "2"}, {"2", "59:00", "1:00:00"}}, // 10000, 5900, 2
-        {"LISTBOX", 5, {"59:00", "2", "1:00:00"}, {"1:00:00", "59:00", "2"}},
+        {EVENT_LIST_CLASS, 0, 2, {"10", "9", "abc"}, {"abc", "9", "10"}}, // "abc" is 0
+        {EVENT_LIST_CLASS, 0, 3, {"9", "abc", "10"}, {"10", "9", "abc"}},
+        {"LISTBOX", 0, 0, {"b", "a", "B", "A"}, {"a", "A", "b", "B"}},
+        {"LISTBOX", 0, 1, {"b", "a", "B", "A"}, {"b", "B", "a", "A"}},
+        {"LISTBOX", 0, 4, {"1:00:00", "59:00", "2"}, {"2", "59:00", "1:00:00"}}, // 10000, 5900, 2
+        {"LISTBOX", 0, 5, {"59:00", "2", "1:00:00"}, {"1:00:00", "59:00", "2"}},
+        {"LISTBOX", LBS_SORT, 1, {"b", "a"}, {}}, // it sorts itself
+        {"LISTBOX", LBS_OWNERDRAWFIXED, 0, {}, {}}, // no strings
+        {"LISTBOX", 0, 6, {"b", "a"}, {}},
+        {"LISTBOX", 0, -1, {"b", "a"}, {}},
     };
     for (const auto& test : aCases)
     {
-        HWND hList = CreateList(m_parent, test.pszClass, 0);
+        SCOPED_TRACE(testing::Message() << test.pszClass << " " << test.dwStyle << " " << test.nType);
+        HWND hList = CreateList(m_parent, test.pszClass, test.dwStyle);
         FillList(hList, test.input);
-        EXPECT_EQ(1, SortList(hList, test.nType)) << test.pszClass << " " << test.nType;
-        EXPECT_EQ(test.expected, ListTexts(hList)) << test.pszClass << " " << test.nType;
+        const std::vector<std::string> before = ListTexts(hList);
+        EXPECT_EQ(test.expected.empty() ? 0 : 1, SortList(hList, test.nType));
+        EXPECT_EQ(test.expected.empty() ? before : test.expected, ListTexts(hList));
         ::DestroyWindow(hList);
     }
+    EXPECT_EQ(0, SortList(NULL, 0));
 }
 
 TEST_F(CListFunctionsTest, SortListCarriesColoursDataAndSelectionAlong)
@@ -192,26 +185,6 @@ TEST_F(CListFunctionsTest, SortListCarriesColoursDataAndSelectionAlong)
         EXPECT_EQ(aData[i], ::SendMessageA(hList, LB_GETITEMDATA, i, 0)) << i;
         EXPECT_EQ(aSelected[i], ::SendMessageA(hList, LB_GETSEL, i, 0)) << i;
     }
-}
-
-TEST_F(CListFunctionsTest, SortListRefusesWhatItCannotSort)
-{
-    HWND hSorted = CreateList(m_parent, "LISTBOX", LBS_SORT);
-    HWND hNoStrings = CreateList(m_parent, "LISTBOX", LBS_OWNERDRAWFIXED);
-    HWND hPlain = CreateList(m_parent, "LISTBOX", 0);
-    FillList(hSorted, {"b", "a"});
-    FillList(hPlain, {"b", "a"});
-    ::SendMessageA(hSorted, LB_SETITEMDATA, 0, 7);
-    const struct
-    {
-        HWND hList;
-        int nType;
-    } aCases[] = {{hSorted, 1}, {hNoStrings, 0}, {hPlain, 6}, {hPlain, -1}, {NULL, 0}};
-    for (const auto& test : aCases)
-        EXPECT_EQ(0, SortList(test.hList, test.nType)) << test.nType;
-    EXPECT_EQ((std::vector<std::string>{"a", "b"}), ListTexts(hSorted));
-    EXPECT_EQ(7, ::SendMessageA(hSorted, LB_GETITEMDATA, 0, 0));
-    EXPECT_EQ((std::vector<std::string>{"b", "a"}), ListTexts(hPlain));
 }
 
 // ---- DrawListBoxPageEx and PrintListBoxEx ---------------------------------------------------------
@@ -246,8 +219,7 @@ TEST_F(CListFunctionsTest, PagesHoldWhatFitsBetweenTitleAndFooter)
         EXPECT_EQ(static_cast<UINT>(DT_CENTER), footer.m_uFormat & DT_CENTER);
         EXPECT_EQ(rcPage.bottom - nInch / 2, footer.m_rect.bottom);
     }
-    for (int nPage : {0, -1})
-        EXPECT_EQ(-1, DrawListBoxPageEx(hList, canvas.GetDC(), &rcPage, nPage, NULL, 0));
+    EXPECT_EQ(-1, DrawListBoxPageEx(hList, canvas.GetDC(), &rcPage, 0, NULL, 0));
     EXPECT_EQ(-1, DrawListBoxPageEx(hList, NULL, &rcPage, 1, NULL, 0));
     EXPECT_EQ(-1, DrawListBoxPageEx(hList, canvas.GetDC(), NULL, 1, NULL, 0));
     EXPECT_EQ(-1, DrawListBoxPageEx(NULL, canvas.GetDC(), &rcPage, 1, NULL, 0));

@@ -79,9 +79,12 @@ TEST_F(CControlTest, ItemTextsSelectionAndSubItemGeometry)
     POSITION end = NULL;
     EXPECT_EQ(-1, list.GetNextSelectedItem(end));
 
-    // The sub-item's code travels in the rectangle itself.
+    // The codes travel in the rectangle itself.
     CRect row;
     ASSERT_TRUE(list.GetItemRect(1, &row, LVIR_BOUNDS));
+    CRect label;
+    ASSERT_TRUE(list.GetItemRect(1, &label, LVIR_LABEL));
+    EXPECT_LT(label.Width(), row.Width());
     CRect sub;
     ASSERT_TRUE(list.GetSubItemRect(1, 2, LVIR_BOUNDS, sub));
     EXPECT_EQ(CRect(row.left + 160, row.top, row.left + 240, row.bottom), sub);

@@ -107,6 +107,8 @@ TEST_F(CMemoryDCTest, DCsAndTheirSelectedObjectsAreFoundByHandle)
 {
     EXPECT_EQ(&m_dc, CDC::FromHandle(m_dc.m_hDC));
     EXPECT_FALSE(m_dc.CreateCompatibleDC(NULL)); // already holds one
+    const int nSaved = m_dc.SaveDC(); // one DC, one stack: a real level
+    EXPECT_TRUE(nSaved > 0 && m_dc.RestoreDC(nSaved)) << nSaved;
 
     HDC hRaw = ::CreateCompatibleDC(NULL);
     EXPECT_EQ(hRaw, CDC::FromHandle(hRaw)->m_hAttribDC);
@@ -141,6 +143,7 @@ TEST_F(CMemoryDCTest, SolidAnd3dRectangles)
     EXPECT_EQ(BLUE, m_dc.GetPixel(19, 10)); // top right
     EXPECT_EQ(RED, m_dc.GetPixel(10, 13));
     EXPECT_EQ(BLUE, m_dc.GetPixel(10, 14)); // bottom left
+    EXPECT_EQ(WHITE, m_dc.GetPixel(15, 12)); // a frame, not filled
     EXPECT_EQ(WHITE, m_dc.GetPixel(20, 10));
     m_dc.Draw3dRect(30, 30, 0, 5, RED, BLUE); // nothing to draw
     EXPECT_EQ(WHITE, m_dc.GetPixel(30, 31));
@@ -150,7 +153,9 @@ TEST_F(CMemoryDCTest, NullTextIsRefusedAndStringsAreNeverModified)
 {
     CRect rect(0, 0, 30, 16);
     EXPECT_EQ(CSize(0, 0), m_dc.GetTextExtent(NULL, 5));
+    EXPECT_FALSE(m_dc.TextOut(0, 0, NULL, 3));
     EXPECT_EQ(0, m_dc.DrawText(NULL, -1, &rect, 0));
+    EXPECT_FALSE(m_dc.ExtTextOut(0, 0, 0, NULL, NULL, 2, NULL));
 
     // The string's characters may be shared with other strings.
     CString original("A text far too long for the rectangle it is drawn into");

@@ -68,11 +68,9 @@ TEST(CWinAppTest, ProfileFunctionsUseTheApplicationsIniFile)
     app.m_pszProfileName = strIni;
     EXPECT_EQ(&app, AfxGetApp());
     EXPECT_STREQ("AppTest", AfxGetAppName());
-    EXPECT_EQ(17u, app.GetProfileInt("Settings", "X", 17));
     EXPECT_TRUE(app.WriteProfileInt("Settings", "X", -25));
     EXPECT_EQ(static_cast<UINT>(-25), app.GetProfileInt("Settings", "X", 17));
-    EXPECT_STREQ("none", app.GetProfileString("Settings", "Name", "none"));
-    CString strLong('n', 1000);
+    CString strLong('n', 1000); // longer than a first read's buffer
     EXPECT_TRUE(app.WriteProfileString("Settings", "Name", strLong));
     EXPECT_STREQ(strLong, app.GetProfileString("Settings", "Name"));
     ::DeleteFileA(strIni);

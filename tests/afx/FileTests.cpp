@@ -54,7 +54,6 @@ TEST_F(CFileTest, ReadsSeeksAndClosesButAbortAndDestructionNeverThrow)
     const CString strName = m_strDir + "none\\..\\data.bin"; // kept as given for the exceptions
     CFile file(strName, CFile::modeCreate | CFile::modeReadWrite);
     EXPECT_STREQ(Path("data.bin"), file.GetFilePath());
-    EXPECT_STREQ("data.bin", file.GetFileName());
     file.Write("0123456789", 10);
     char buf[5];
     EXPECT_EQ(7u, file.Seek(-3, CFile::current));
@@ -142,7 +141,6 @@ TEST_F(CFileTest, StatusRemoveAndRename)
     EXPECT_EQ(5u, status.m_size);
     EXPECT_STREQ(strA, status.m_szFullName);
     EXPECT_GT(status.m_mtime, static_cast<time_t>(946684800)); // after 2000
-    EXPECT_GT(status.m_ctime, static_cast<time_t>(0));
     EXPECT_FALSE(CFile::GetStatus(Path("?.txt"), status)); // wildcards never match
     EXPECT_STREQ("", status.m_szFullName);
     EXPECT_FALSE(CFile::GetStatus(NULL, status));

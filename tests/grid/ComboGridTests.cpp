@@ -288,22 +288,11 @@ TEST_F(CComboGridTest, RealPressesAndASecondComboClose)
     CreateCombo(m_combo, CBS_DROPDOWNLIST);
     CComboGrid second;
     CreateCombo(second, CBS_DROPDOWNLIST, 250);
-    auto press = [](HWND hWnd, int x, int y) {
-        POINT pt = {x, y};
-        ::ClientToScreen(hWnd, &pt);
-        ::SetCursorPos(pt.x, pt.y);
-        INPUT in[2] = {};
-        in[0].type = in[1].type = INPUT_MOUSE;
-        in[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-        in[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
-        ::SendInput(2, in, sizeof(INPUT));
-        CInput::PumpMessages(100);
-    };
     m_combo.ShowDropDown();
-    press(m_combo, 100, 8);
+    CInput::QueuedClick(m_combo, 100, 8);
     EXPECT_FALSE(m_combo.GetDroppedState());
     m_combo.ShowDropDown();
-    press(m_parent, 390, 290);
+    CInput::QueuedClick(m_parent, 390, 290);
     EXPECT_FALSE(m_combo.GetDroppedState());
 
     m_combo.ShowDropDown();

@@ -1,6 +1,5 @@
 #include "tests/grid/GridHost.h"
 #include "tests/harness/Input.h"
-#include "tests/harness/MessageSequence.h"
 
 #include <string>
 
@@ -10,12 +9,12 @@ const UINT kNoChar = static_cast<UINT>(-1);
 }
 
 // A shown host: the grid only edits while it can be seen. Rows 1-5 hold "r1".."r5" in column 1.
-class CGridEditTest : public ::testing::Test
+class CGridEditTest : public CGridNotifyTest
 {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_host.Create(6, 3, 1, 0, true));
+        CreateWatched(6, 3, 1, 0, true);
         m_host.m_parent.SetPayloadSize(GN_EDITBEGIN, sizeof(NMGRIDEDITBEGIN));
         m_host.m_parent.SetPayloadSize(GN_EDITEND, sizeof(NMGRIDEDITEND));
         m_host.m_parent.SetPayloadSize(GN_COMBOSELENDOK, sizeof(NMGRIDCOMBOSEL));
@@ -47,8 +46,6 @@ protected:
         m_grid.SetFixedCombo(m_entries, bByData);
     }
 
-    CGridHost m_host;
-    CGridList& m_grid = m_host.m_grid;
     CComboBox m_entries;
     std::string m_strEndText;
     int m_nEndAction = GEE_SETTEXT;
@@ -237,17 +234,11 @@ TEST_F(CGridEditTest, AChosenEntryIsAnnouncedThenEndsTheEditInOrder)
         return 0;
     });
     m_grid.SetText(3, 1, "green");
-    CMessageSequence sequence;
-    sequence.Watch(m_host.m_parent, "host");
+    m_sequence.Clear();
     ASSERT_EQ(0, m_grid.OnGridEdit_Begin(3, 1, 1, 4, kNoChar));
     CInput::PressKey(Combo(), VK_DOWN);
     CInput::PressKey(Combo(), VK_RETURN);
-
-    EXPECT_TRUE(sequence.Check({
-        {"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, GN_EDITBEGIN},
-        {"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, GN_COMBOSELENDOK},
-        {"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, GN_EDITEND},
-    }));
+    EXPECT_TRUE(Heard({GN_EDITBEGIN, GN_COMBOSELENDOK, GN_EDITEND}));
     const NMGRIDCOMBOSEL* pSel = m_host.m_parent.GetLast<NMGRIDCOMBOSEL>(GN_COMBOSELENDOK);
     ASSERT_NE(nullptr, pSel);
     EXPECT_EQ((std::vector<int>{3, 1, 2, 30}),

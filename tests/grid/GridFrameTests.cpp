@@ -1,13 +1,9 @@
 // The grid window: sorting through header clicks (row order and the header's pixels), widths in
 // step both ways with the host's veto, printing onto a memory device context, and export.
-#include <gtest/gtest.h>
-
-#include "KelControls.h"
-#include "capture/WindowImage.h"
 #include "frame/KelControlsRes.h"
 #include "grid/GridFind.h"
+#include "tests/grid/GridHost.h"
 #include "tests/harness/Input.h"
-#include "tests/harness/NotifyRecorder.h"
 
 #include <stdio.h>
 
@@ -99,19 +95,13 @@ TEST_F(CGridFrameTest, HeaderClicksSortByOneOrSeveralColumns)
     for (const auto& step : steps)
     {
         CInput::Click(hHeader, step.col * COL_WIDTH + COL_WIDTH / 2, 5, step.fModifiers);
-        CArray<int, int> cols;
-        CArray<short, short> types;
-        CArray<int, int> priorities;
-        m_grid.GetHeader().GetCurSortTypes(cols, types, priorities);
-        std::vector<int> keys;
+        const std::vector<int> keys = SortKeys(m_grid.GetHeader());
         std::string rows;
-        for (INT_PTR i = 0; i < cols.GetSize(); ++i)
-            keys.insert(keys.end(), {cols[i], types[i], priorities[i]});
         for (int row = 0; row < 6; ++row)
         {
             rows += row > 0 ? " " : "";
-            for (INT_PTR i = 0; i < cols.GetSize(); ++i)
-                rows += m_grid.GetList().GetText(row, cols[i]);
+            for (size_t i = 0; i < keys.size(); i += 3)
+                rows += m_grid.GetList().GetText(row, keys[i]);
         }
         EXPECT_EQ(step.keys, keys) << step.col;
         EXPECT_EQ(step.pszRows, rows) << step.col;
@@ -172,8 +162,6 @@ TEST_F(CGridFrameTest, WidthsInStepBothWaysAndTheHostMayVetoADrag)
     EXPECT_EQ(COL_WIDTH, item.cxy);
 }
 
-// Pages of a 300 by 200 memory bitmap: the header on each, the rows shared out, the printing
-// flags set only while drawing.
 // F3 or Ctrl+F on the list opens its find dialog with the titles as column names; F8 goes to the
 // host.
 TEST_F(CGridFrameTest, F3OrCtrlFOpensTheFindDialogWithTheTitlesAndF8ReachesTheHost)
@@ -202,6 +190,8 @@ TEST_F(CGridFrameTest, F3OrCtrlFOpensTheFindDialogWithTheTitlesAndF8ReachesTheHo
     pDlg->DestroyWindow();
 }
 
+// Pages of a 300 by 200 memory bitmap: the header on each, the rows shared out, the printing
+// flags set only while drawing.
 TEST_F(CGridFrameTest, PrintsPagesWithTheHeaderOnEach)
 {
     CreateGrid(30, 3);

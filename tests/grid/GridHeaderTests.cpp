@@ -1,13 +1,8 @@
 // The grid header: item masks, divider zones and cursors, drags and clicks as the host hears of
 // them, sort state rules, the sort arrow's pixels and the hidden scroll information.
-#include <gtest/gtest.h>
-
-#include "KelControls.h"
 #include "frame/KelControlsRes.h"
-#include "capture/WindowImage.h"
+#include "tests/grid/GridHost.h"
 #include "tests/harness/Input.h"
-#include "tests/harness/MessageSequence.h"
-#include "tests/harness/NotifyRecorder.h"
 
 #include <string.h>
 
@@ -313,14 +308,7 @@ TEST_F(CGridHeaderTest, SortStateRules)
     {
         std::vector<GridSortCol> keys(c.keys);
         EXPECT_EQ(c.bAccepted, m_header.SetCurSortTypes(keys.data(), static_cast<int>(keys.size())));
-        CArray<int, int> cols;
-        CArray<short, short> types;
-        CArray<int, int> priorities;
-        m_header.GetCurSortTypes(cols, types, priorities);
-        std::vector<int> read;
-        for (INT_PTR i = 0; i < cols.GetSize(); ++i)
-            read.insert(read.end(), {cols[i], types[i], priorities[i]});
-        EXPECT_EQ(c.expected, read) << c.keys.size() << " keys";
+        EXPECT_EQ(c.expected, SortKeys(m_header)) << c.keys.size() << " keys";
     }
     int cols[] = {0, 1};
     short types[] = {0, 2};
@@ -336,11 +324,7 @@ TEST_F(CGridHeaderTest, SortStateRules)
         short threeTypes[] = {1, 2, 4};
         ASSERT_TRUE(m_header.SetCurSortTypes(threeCols, threeTypes, nDeleted == 1 ? 3 : 2));
         ASSERT_TRUE(m_header.DeleteItem(nDeleted));
-        CArray<int, int> readCols;
-        CArray<short, short> readTypes;
-        CArray<int, int> readPriorities;
-        m_header.GetCurSortTypes(readCols, readTypes, readPriorities);
-        EXPECT_EQ(0, readCols.GetSize());
+        EXPECT_TRUE(SortKeys(m_header).empty());
         for (int i = 0; i < m_header.GetItemCount(); ++i)
         {
             short nType = 0;

@@ -6,6 +6,7 @@
 
 #include "KelControls.h"
 #include "capture/WindowImage.h"
+#include "tests/harness/MessageSequence.h"
 #include "tests/harness/NotifyRecorder.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +87,44 @@ public:
     CWnd m_wndGrid;
     CGridList m_grid;
     CWindowImage m_image;
+};
+
+// A header's sort keys as column, type and priority, key after key.
+inline std::vector<int> SortKeys(CGridHeader& header)
+{
+    CArray<int, int> cols;
+    CArray<short, short> types;
+    CArray<int, int> priorities;
+    header.GetCurSortTypes(cols, types, priorities);
+    std::vector<int> keys;
+    for (INT_PTR i = 0; i < cols.GetSize(); ++i)
+        keys.insert(keys.end(), {cols[i], types[i], priorities[i]});
+    return keys;
+}
+
+// Tests of what the host hears, in order: the host is watched once the grid is made.
+class CGridNotifyTest : public ::testing::Test
+{
+protected:
+    void CreateWatched(int nRows, int nCols, int bFixedRow, int bFixedCol, bool bVisible = false)
+    {
+        ASSERT_TRUE(m_host.Create(nRows, nCols, bFixedRow, bFixedCol, bVisible));
+        m_sequence.Watch(m_host.m_parent, "host");
+    }
+
+    // The grid's notifications the host heard since the last check, against codes.
+    ::testing::AssertionResult Heard(const std::vector<UINT>& codes)
+    {
+        std::vector<CMessageSequence::CMessage> expected;
+        for (UINT nCode : codes)
+            expected.push_back(
+                {"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, nCode});
+        return m_sequence.Check(expected.data(), expected.size());
+    }
+
+    CGridHost m_host;
+    CGridList& m_grid = m_host.m_grid;
+    CMessageSequence m_sequence;
 };
 
 // Tests of the grid's pixels and geometry: a shown host of 320 by 240, the grid made by the test.

@@ -1,7 +1,6 @@
 #include "tests/grid/GridHost.h"
 #include "tests/harness/ImportRecorder.h"
 #include "tests/harness/Input.h"
-#include "tests/harness/MessageSequence.h"
 
 #include "grid/GridFind.h"
 
@@ -20,16 +19,15 @@ struct CEditBeginHead
 const int kRowHeight = 16;
 } // namespace
 
-class CGridInputTest : public ::testing::Test
+class CGridInputTest : public CGridNotifyTest
 {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_host.Create(100, 4, 1, 1));
+        CreateWatched(100, 4, 1, 1);
         ASSERT_GT(CImportRecorder::Get().Install(::GetModuleHandleA("KelControls.dll")), 0);
         m_host.m_parent.SetPayloadSize(GN_EDITBEGIN, sizeof(CEditBeginHead));
         m_hGrid = m_grid.GetSafeHwnd();
-        m_sequence.Watch(m_host.m_parent, "host");
     }
     void TearDown() override { CImportRecorder::Get().Uninstall(); }
 
@@ -48,21 +46,9 @@ protected:
         return rect.CenterPoint();
     }
 
-    ::testing::AssertionResult Heard(std::vector<UINT> codes)
-    {
-        std::vector<CMessageSequence::CMessage> expected;
-        for (UINT nCode : codes)
-            expected.push_back(
-                {"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, nCode});
-        return m_sequence.Check(expected.data(), expected.size());
-    }
-
     size_t Beeps() const { return CImportRecorder::Get().GetRecords().m_beeps.size(); }
 
-    CGridHost m_host;
-    CGridList& m_grid = m_host.m_grid;
     HWND m_hGrid = NULL;
-    CMessageSequence m_sequence;
 };
 
 TEST_F(CGridInputTest, ASecondClickEditsOnlyWhenNoDoubleClickFollows)

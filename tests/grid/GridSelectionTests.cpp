@@ -1,6 +1,5 @@
 #include "tests/grid/GridHost.h"
 #include "tests/harness/ImportRecorder.h"
-#include "tests/harness/MessageSequence.h"
 
 namespace
 {
@@ -42,30 +41,16 @@ TEST(GridSelectedCellsTest, ARectangleWithExclusionsAndSinglesCountsAndMovesWith
     EXPECT_TRUE(set.IsRectEmpty());
 }
 
-class CGridSelectionTest : public ::testing::Test
+class CGridSelectionTest : public CGridNotifyTest
 {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_host.Create(6, 4, 1, 1));
+        CreateWatched(6, 4, 1, 1);
         m_host.m_parent.Clear();
-        m_sequence.Watch(m_host.m_parent, "host");
     }
 
     const NMGRIDCCP* LastCCP() { return m_host.m_parent.GetLast<NMGRIDCCP>(GN_CCP); }
-
-    // The grid's notifications the host heard since the last check, in order, against codes.
-    ::testing::AssertionResult Heard(std::vector<UINT> codes)
-    {
-        std::vector<CMessageSequence::CMessage> expected;
-        for (UINT nCode : codes)
-            expected.push_back({"host", WM_NOTIFY, SEQ_SENT | SEQ_WPARAM | SEQ_LPARAM, CGridHost::GRID_WINDOW_ID, nCode});
-        return m_sequence.Check(expected.data(), expected.size());
-    }
-
-    CGridHost m_host;
-    CGridList& m_grid = m_host.m_grid;
-    CMessageSequence m_sequence;
 };
 
 TEST_F(CGridSelectionTest, TheCaretMovesWithACaretChangeThenACellChange)

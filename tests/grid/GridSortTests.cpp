@@ -19,31 +19,45 @@ std::vector<DWORD_PTR> Records(CGridList& grid)
 }
 } // namespace
 
-TEST(GridSortTest, EachTypeOrdersItsWay)
+TEST(GridSortTest, EachTypeOrdersItsWayAndRefusedGridsOrKeptBlankRowsStay)
 {
     struct
     {
+        int bFixedRow, bFixedCol;
         short nType;
-        std::vector<std::string> texts, sorted;
+        bool bKeepEmpty;
+        std::vector<std::string> texts, sorted; // one row each after the fixed row
     } cases[] = {
-        {2, {"10", "9", "abc", "-5", " +7x"}, {"-5", "abc", " +7x", "9", "10"}},
-        {3, {"1", "3", "2"}, {"3", "2", "1"}},
-        {4, {"10:00", "9:05", "0:30"}, {"0:30", "9:05", "10:00"}},
-        {0, {"b", "_z", "a", "B1"}, {"_z", "a", "b", "B1"}}, // '_' before the letters
-        {1, {"a", "C", "b"}, {"C", "b", "a"}},
+        {1, 0, 2, false, {"10", "9", "abc", "-5", " +7x"}, {"-5", "abc", " +7x", "9", "10"}},
+        {1, 0, 3, false, {"1", "3", "2"}, {"3", "2", "1"}},
+        {1, 0, 4, false, {"10:00", "9:05", "0:30"}, {"0:30", "9:05", "10:00"}},
+        {1, 0, 0, false, {"b", "_z", "a", "B1"}, {"_z", "a", "b", "B1"}}, // '_' before the letters
+        {1, 0, 1, false, {"a", "C", "b"}, {"C", "b", "a"}},
         // The difference 2147483647 - (-1) wraps to a negative number, so 2147483647 does not
         // count as the greater of the two; and the wrapped difference negated stays negative.
-        {2, {"2147483647", "-1"}, {"2147483647", "-1"}},
-        {3, {"-1", "2147483647"}, {"-1", "2147483647"}},
+        {1, 0, 2, false, {"2147483647", "-1"}, {"2147483647", "-1"}},
+        {1, 0, 3, false, {"-1", "2147483647"}, {"-1", "2147483647"}},
+        {0, 1, 0, false, {"b", "a", "c"}, {"b", "a", "c"}}, // row headers: never sorted
+        {1, 0, 0, false, {}, {}},
+        {0, 0, 0, true, {"b", "", "a", "", ""}, {"", "a", "b", "", ""}},
+        {0, 0, 0, false, {"b", "", "a", ""}, {"", "", "a", "b"}},
+        {0, 0, 6, false, {"b", "a", "c"}, {"b", "a", "c"}}, // no such type
     };
     for (const auto& c : cases)
     {
         CGridHost host;
-        ASSERT_TRUE(host.Create(static_cast<int>(c.texts.size()) + 1, 2, 1, 0));
+        ASSERT_TRUE(host.Create(static_cast<int>(c.texts.size()) + c.bFixedRow, 2, c.bFixedRow, c.bFixedCol));
         host.SetColumn(1, c.texts);
-        host.m_grid.ListSort(1, c.nType, false);
-        EXPECT_EQ(c.sorted, host.Column(1)) << "type " << c.nType;
+        host.m_grid.ListSort(1, c.nType, c.bKeepEmpty);
+        EXPECT_EQ(c.sorted, host.Column(1)) << "type " << c.nType << ", fixed " << c.bFixedRow << c.bFixedCol;
     }
+    CGridHost host;
+    ASSERT_TRUE(host.Create(3, 2, 0, 0));
+    host.SetColumn(1, {"b", "a", "c"});
+    GridSortCol badKeys[] = {GridSortCol(1, 0), GridSortCol(2, 0)};
+    host.m_grid.ListSort(badKeys, 2, false);
+    host.m_grid.ListSort(nullptr, 1, false);
+    EXPECT_EQ((std::vector<std::string>{"b", "a", "c"}), host.Column(1));
 }
 
 TEST(GridSortTest, ComparatorsTieOnTextCaseAndFallToTheNextKey)
@@ -62,37 +76,6 @@ TEST(GridSortTest, ComparatorsTieOnTextCaseAndFallToTheNextKey)
     EXPECT_EQ(-1, CGridList::CompareSecondaryCols(records[1], records[0], unknown, 2));
     byColumn.nCount = 1; // a column index in the count field
     EXPECT_GT(CGridList::CompareNumbersAscending(&records[0], &records[1], &byColumn), 0);
-}
-
-TEST(GridSortTest, RefusedGridsAndKeptBlankRowsStayWhereTheyAre)
-{
-    struct
-    {
-        int nRows, bFixedRow, bFixedCol;
-        bool bKeepEmpty;
-        std::vector<std::string> texts, sorted;
-    } cases[] = {
-        {3, 0, 1, false, {"b", "a", "c"}, {"b", "a", "c"}}, // row headers: never sorted
-        {1, 1, 0, false, {}, {}},
-        {5, 0, 0, true, {"b", "", "a", "", ""}, {"", "a", "b", "", ""}},
-        {4, 0, 0, false, {"b", "", "a", ""}, {"", "", "a", "b"}},
-    };
-    for (const auto& c : cases)
-    {
-        CGridHost host;
-        ASSERT_TRUE(host.Create(c.nRows, 2, c.bFixedRow, c.bFixedCol));
-        host.SetColumn(1, c.texts);
-        host.m_grid.ListSort(1, short(0), c.bKeepEmpty);
-        EXPECT_EQ(c.sorted, host.Column(1));
-    }
-    CGridHost host;
-    ASSERT_TRUE(host.Create(3, 2, 0, 0));
-    host.SetColumn(1, {"b", "a", "c"});
-    GridSortCol badKeys[] = {GridSortCol(1, 0), GridSortCol(2, 0)};
-    host.m_grid.ListSort(badKeys, 2, false);
-    host.m_grid.ListSort(1, short(6), false);
-    host.m_grid.ListSort(nullptr, 1, false);
-    EXPECT_EQ((std::vector<std::string>{"b", "a", "c"}), host.Column(1));
 }
 
 TEST(GridSortTest, MarksFollowTheirRowsAndWholeColumnsStay)

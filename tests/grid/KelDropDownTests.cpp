@@ -33,20 +33,6 @@ TEST(KelDropDownTest, PlacePopupKeepsThePopupOnTheMonitor)
         EXPECT_EQ(c.rcExpected, CKelDropDown::PlacePopup(c.rcHost, c.size, rcMonitor)) << c.pszWhat;
 }
 
-// A real press at a client point of a window, through the system's input queue.
-void PressAt(HWND hWnd, int x, int y)
-{
-    POINT pt = {x, y};
-    ::ClientToScreen(hWnd, &pt);
-    ::SetCursorPos(pt.x, pt.y);
-    INPUT in[2] = {};
-    in[0].type = in[1].type = INPUT_MOUSE;
-    in[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    in[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    ::SendInput(2, in, sizeof(INPUT));
-    CInput::PumpMessages(100);
-}
-
 class CKelDropDownHookTest : public ::testing::Test
 {
 protected:
@@ -86,19 +72,20 @@ TEST_F(CKelDropDownHookTest, PressesCloseOrPassAsTheirTargetWants)
     CKelDropDown dropDown;
     ASSERT_TRUE(dropDown.Open(m_host, m_hWndPopup));
 
-    PressAt(m_hWndPopup, 10, 10); // inside the popup: passes, no close
+    CInput::QueuedClick(m_hWndPopup, 10, 10); // inside the popup: passes, no close
     EXPECT_EQ(0, Count(m_host, KDDM_CLOSEUP));
 
-    PressAt(m_other, 50, 50); // elsewhere: close asked, and the press still arrives
+    CInput::QueuedClick(m_other, 50, 50); // elsewhere: close asked, and the press still arrives
     EXPECT_EQ(1, Count(m_host, KDDM_CLOSEUP));
     EXPECT_EQ(1, Count(m_other, WM_LBUTTONDOWN));
 
-    PressAt(m_host, 50, 50); // on the host: close asked, the press swallowed
+    CInput::QueuedClick(m_host, 50, 50); // on the host: close asked, the press swallowed
     EXPECT_EQ(2, Count(m_host, KDDM_CLOSEUP));
     EXPECT_EQ(0, Count(m_host, WM_LBUTTONDOWN));
 
     dropDown.Close();
-    PressAt(m_host, 150, 80); // closed: nothing watched any more (away from the last press: no double click)
+    // Closed: nothing watched any more (away from the last press: no double click).
+    CInput::QueuedClick(m_host, 150, 80);
     EXPECT_EQ(2, Count(m_host, KDDM_CLOSEUP));
     EXPECT_EQ(1, Count(m_host, WM_LBUTTONDOWN));
 }

@@ -163,6 +163,19 @@ void CInput::Drag(HWND hWnd, POINT ptFrom, POINT ptTo, int nSteps, UINT fModifie
     Release(hWnd, WM_LBUTTONUP, VK_LBUTTON, keys, ptTo.x, ptTo.y);
 }
 
+void CInput::QueuedClick(HWND hWnd, int x, int y)
+{
+    POINT pt = {x, y};
+    ::ClientToScreen(hWnd, &pt);
+    ::SetCursorPos(pt.x, pt.y);
+    INPUT in[2] = {};
+    in[0].type = in[1].type = INPUT_MOUSE;
+    in[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    in[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    ::SendInput(2, in, sizeof(INPUT));
+    PumpMessages(100);
+}
+
 void CInput::Wheel(HWND hWnd, int x, int y, int nDelta, UINT fModifiers)
 {
     CHeldKeys keys(fModifiers);

@@ -42,6 +42,9 @@ public:
     // WM_MOUSEWHEEL at a client point; the message carries it in screen coordinates, as the
     // system sends it. nDelta: WHEEL_DELTA (120) per notch, positive away from the user.
     static void Wheel(HWND hWnd, int x, int y, int nDelta, UINT fModifiers = 0);
+    // A left click through the system's input queue (the cursor moved there, SendInput), for
+    // what only real input reaches, such as mouse hooks; then pumps messages for 100 ms.
+    static void QueuedClick(HWND hWnd, int x, int y);
 
     static std::string GetText(HWND hWnd);
     static std::pair<DWORD, DWORD> GetSel(HWND hWnd); // EM_GETSEL: start, end

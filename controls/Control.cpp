@@ -1,6 +1,7 @@
 #include "controls/Control.h"
 
 #include <afxdlg.h>
+#include <string.h>
 
 CControl::PFNFOCUSPROC CControl::s_pfnSetFocusProc = NULL;
 CControl::PFNFOCUSPROC CControl::s_pfnKillFocusProc = NULL;
@@ -113,4 +114,27 @@ CString CControl::FormatChoiceMessage() const
     CString strMessage;
     strMessage.Format(" A %s must be selected!", static_cast<LPCTSTR>(m_strControlName));
     return strMessage;
+}
+
+int CControl::GetCachedText(HWND hWnd, CString& strCache, LPTSTR lpszBuffer, int nMaxCount)
+{
+    if (lpszBuffer == NULL || nMaxCount <= 0)
+        return 0;
+    if (::IsWindow(hWnd))
+    {
+        int nLength = ::GetWindowTextA(hWnd, lpszBuffer, nMaxCount);
+        strCache = lpszBuffer;
+        return nLength;
+    }
+    int nLength = strCache.GetLength() < nMaxCount - 1 ? strCache.GetLength() : nMaxCount - 1;
+    memcpy(lpszBuffer, static_cast<LPCTSTR>(strCache), nLength);
+    lpszBuffer[nLength] = '\0';
+    return nLength;
+}
+
+void CControl::SetCachedText(HWND hWnd, CString& strCache, LPCTSTR lpszText)
+{
+    strCache = lpszText != NULL ? lpszText : "";
+    if (::IsWindow(hWnd))
+        ::SetWindowTextA(hWnd, strCache);
 }

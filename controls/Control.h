@@ -73,6 +73,12 @@ protected:
     // The message of a choice left empty (a radio group, a colour): " A <name> must be selected!".
     CString FormatChoiceMessage() const;
 
+    // The text of a control that keeps it in the object too: read into a buffer of nMaxCount bytes
+    // (from the window, caching it; without a window from the cache), or set (cached, and given
+    // to the window when there is one). Returns the length copied.
+    static int GetCachedText(HWND hWnd, CString& strCache, LPTSTR lpszBuffer, int nMaxCount);
+    static void SetCachedText(HWND hWnd, CString& strCache, LPCTSTR lpszText);
+
     CString m_strControlName;
     int m_bDisplayErrMsg;
     int m_bDynamicErrChecking;

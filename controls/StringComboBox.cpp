@@ -3,7 +3,6 @@
 #include "controls/StringEdit.h"
 
 #include <afxdlg.h>
-#include <string.h>
 
 IMPLEMENT_DYNAMIC(CStringComboBox, CComboBox)
 
@@ -113,25 +112,12 @@ void CStringComboBox::GetWindowText(CString& strText) const
 
 int CStringComboBox::GetWindowText(LPTSTR lpszBuffer, int nMaxCount)
 {
-    if (lpszBuffer == NULL || nMaxCount <= 0)
-        return 0;
-    if (::IsWindow(m_hWnd))
-    {
-        int nLength = CComboBox::GetWindowText(lpszBuffer, nMaxCount);
-        m_strText = lpszBuffer;
-        return nLength;
-    }
-    int nLength = m_strText.GetLength() < nMaxCount - 1 ? m_strText.GetLength() : nMaxCount - 1;
-    memcpy(lpszBuffer, static_cast<LPCTSTR>(m_strText), nLength);
-    lpszBuffer[nLength] = '\0';
-    return nLength;
+    return GetCachedText(m_hWnd, m_strText, lpszBuffer, nMaxCount);
 }
 
 void CStringComboBox::SetWindowText(LPCTSTR lpszText)
 {
-    m_strText = lpszText != NULL ? lpszText : "";
-    if (::IsWindow(m_hWnd))
-        CComboBox::SetWindowText(m_strText);
+    SetCachedText(m_hWnd, m_strText, lpszText);
 }
 
 CStringComboBox& CStringComboBox::operator=(LPCTSTR lpszText)

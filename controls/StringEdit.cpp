@@ -1,7 +1,6 @@
 #include "controls/StringEdit.h"
 
 #include <afxdlg.h>
-#include <string.h>
 
 IMPLEMENT_DYNAMIC(CStringEdit, CEdit)
 
@@ -63,25 +62,12 @@ CString CStringEdit::GetWindowText()
 
 int CStringEdit::GetWindowText(LPTSTR lpszBuffer, int nMaxCount)
 {
-    if (lpszBuffer == NULL || nMaxCount <= 0)
-        return 0;
-    if (::IsWindow(m_hWnd))
-    {
-        int nLength = CEdit::GetWindowText(lpszBuffer, nMaxCount);
-        m_strText = lpszBuffer;
-        return nLength;
-    }
-    int nLength = m_strText.GetLength() < nMaxCount - 1 ? m_strText.GetLength() : nMaxCount - 1;
-    memcpy(lpszBuffer, static_cast<LPCTSTR>(m_strText), nLength);
-    lpszBuffer[nLength] = '\0';
-    return nLength;
+    return GetCachedText(m_hWnd, m_strText, lpszBuffer, nMaxCount);
 }
 
 void CStringEdit::SetWindowText(LPCTSTR lpszText)
 {
-    m_strText = lpszText != NULL ? lpszText : "";
-    if (::IsWindow(m_hWnd))
-        CEdit::SetWindowText(m_strText);
+    SetCachedText(m_hWnd, m_strText, lpszText);
 }
 
 CStringEdit& CStringEdit::operator=(LPCTSTR lpszText)

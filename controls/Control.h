@@ -11,6 +11,8 @@
 
 #include <afxwin.h>
 
+#include <limits>
+
 class CDataExchange;
 
 class AFX_EXT_CLASS CControl
@@ -70,6 +72,27 @@ protected:
     // phrase for the bounds that are set (NULL for an unset one), the bounds and "!".
     // lpszNoBounds is the phrase when neither bound is set.
     CString FormatRangeMessage(LPCTSTR lpszLower, LPCTSTR lpszUpper, LPCTSTR lpszNoBounds = NULL) const;
+
+    // Reads strText through the integer value type TValue and checks the bounds, a bound equal to
+    // the type's own limit being unset. On failure strMessage holds the parser's message or the
+    // range message, and value is left alone.
+    template <class TValue, class T>
+    int ReadIntegerInRange(const CString& strText, T nMin, T nMax, T& value, CString& strMessage) const
+    {
+        T nRead = 0;
+        if (!TValue::ValidateAndGet(strText, nRead, &strMessage))
+            return FALSE;
+        bool bLowerSet = nMin != std::numeric_limits<T>::min();
+        bool bUpperSet = nMax != std::numeric_limits<T>::max();
+        if ((bLowerSet && nRead < nMin) || (bUpperSet && nRead > nMax))
+        {
+            strMessage = FormatRangeMessage(bLowerSet ? static_cast<LPCTSTR>(TValue::Format(nMin)) : NULL,
+                                            bUpperSet ? static_cast<LPCTSTR>(TValue::Format(nMax)) : NULL);
+            return FALSE;
+        }
+        value = nRead;
+        return TRUE;
+    }
     // The message of a choice left empty (a radio group, a colour): " A <name> must be selected!".
     CString FormatChoiceMessage() const;
 

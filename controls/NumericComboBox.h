@@ -37,19 +37,8 @@ public:
         if (!GetValidationText(nIndex, pDX, strText))
             return FALSE;
         CString strMessage;
-        T nRead = 0;
-        int bValid = TValue::ValidateAndGet(strText, nRead, &strMessage);
-        if (bValid && !IsInRange(nRead))
-        {
-            bValid = FALSE;
-            strMessage = FormatRangeMessage(IsLowerSet() ? (LPCTSTR)TValue::Format(m_nMinValue) : NULL,
-                                            IsUpperSet() ? (LPCTSTR)TValue::Format(m_nMaxValue) : NULL);
-        }
-        if (bValid)
-        {
-            value = nRead;
+        if (ReadIntegerInRange<TValue>(strText, m_nMinValue, m_nMaxValue, value, strMessage))
             return TRUE;
-        }
         return ReportFailure(strMessage, pDX, FOCUS_ALWAYS);
     }
     int GetValue(T& value, int nIndex = -1) { return ValidateAndGet(value, nIndex, NULL); }
@@ -95,13 +84,6 @@ protected:
         TEdit* pEdit = new TEdit;
         pEdit->SetMinMaxValues(m_nMinValue, m_nMaxValue);
         return pEdit;
-    }
-
-    BOOL IsLowerSet() const { return m_nMinValue != std::numeric_limits<T>::min(); }
-    BOOL IsUpperSet() const { return m_nMaxValue != std::numeric_limits<T>::max(); }
-    BOOL IsInRange(T value) const
-    {
-        return (!IsLowerSet() || value >= m_nMinValue) && (!IsUpperSet() || value <= m_nMaxValue);
     }
 
     T m_nMinValue;

@@ -41,19 +41,8 @@ public:
     {
         CString strText = GetExchangeText(pDX);
         CString strMessage;
-        T nRead = 0;
-        int bValid = TValue::ValidateAndGet(strText, nRead, &strMessage);
-        if (bValid && !IsInRange(nRead))
-        {
-            bValid = FALSE;
-            strMessage = FormatRangeMessage(IsLowerSet() ? (LPCTSTR)TValue::Format(m_nMinValue) : NULL,
-                                            IsUpperSet() ? (LPCTSTR)TValue::Format(m_nMaxValue) : NULL);
-        }
-        if (bValid)
-        {
-            value = nRead;
+        if (ReadIntegerInRange<TValue>(strText, m_nMinValue, m_nMaxValue, value, strMessage))
             return TRUE;
-        }
         return ReportFailure(strMessage, pDX, FOCUS_SELECT_WHEN_SHOWN);
     }
     int GetValue(T& value) { return ValidateAndGet(value, NULL); }
@@ -94,13 +83,6 @@ protected:
     {
         m_nMinValue = nMin;
         m_nMaxValue = nMax;
-    }
-
-    BOOL IsLowerSet() const { return m_nMinValue != std::numeric_limits<T>::min(); }
-    BOOL IsUpperSet() const { return m_nMaxValue != std::numeric_limits<T>::max(); }
-    BOOL IsInRange(T value) const
-    {
-        return (!IsLowerSet() || value >= m_nMinValue) && (!IsUpperSet() || value <= m_nMaxValue);
     }
 
     T m_nMinValue;

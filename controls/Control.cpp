@@ -1,6 +1,9 @@
 #include "controls/Control.h"
 
 #include <afxdlg.h>
+#include <float.h>
+
+#include "values/DoubleValue.h"
 #include <string.h>
 
 CControl::PFNFOCUSPROC CControl::s_pfnSetFocusProc = NULL;
@@ -137,4 +140,28 @@ void CControl::SetCachedText(HWND hWnd, CString& strCache, LPCTSTR lpszText)
     strCache = lpszText != NULL ? lpszText : "";
     if (::IsWindow(hWnd))
         ::SetWindowTextA(hWnd, strCache);
+}
+
+BOOL CControl::IsDoubleBoundSet(double dBound, double dNone)
+{
+    return memcmp(&dBound, &dNone, sizeof(double)) != 0;
+}
+
+int CControl::ReadDoubleInRange(const CString& strText, double dMin, double dMax, int nDecimals, int nRound,
+                                int nScientific, BOOL bAcceptUndefined, double& value, CString& strMessage) const
+{
+    double dRead = DBL_MIN;
+    if (!CDouble::ValidateAndGet(strText, dRead, &strMessage, nDecimals, nRound, nScientific))
+        return FALSE;
+    BOOL bLowerSet = IsDoubleBoundSet(dMin, DBL_MIN);
+    BOOL bUpperSet = IsDoubleBoundSet(dMax, DBL_MAX);
+    if (!((!bLowerSet || dRead >= dMin) && (!bUpperSet || dRead <= dMax) && (dRead != DBL_MIN || bAcceptUndefined)))
+    {
+        strMessage = FormatRangeMessage(bLowerSet ? static_cast<LPCTSTR>(CDouble::Format(dMin, -1, 0, 0)) : NULL,
+                                        bUpperSet ? static_cast<LPCTSTR>(CDouble::Format(dMax, -1, 0, 0)) : NULL,
+                                        "Please enter a valid value");
+        return FALSE;
+    }
+    value = dRead;
+    return TRUE;
 }

@@ -93,6 +93,13 @@ protected:
         value = nRead;
         return TRUE;
     }
+    // The same for a double read through CDouble with the control's settings. A bound is set when
+    // it differs bit for bit from its none value (CDouble's undefined value below, the largest
+    // double above), and set bounds print in full, whatever places the control shows. The
+    // undefined value passes only when bAcceptUndefined is on.
+    int ReadDoubleInRange(const CString& strText, double dMin, double dMax, int nDecimals, int nRound,
+                          int nScientific, BOOL bAcceptUndefined, double& value, CString& strMessage) const;
+    static BOOL IsDoubleBoundSet(double dBound, double dNone);
     // The message of a choice left empty (a radio group, a colour): " A <name> must be selected!".
     CString FormatChoiceMessage() const;
 

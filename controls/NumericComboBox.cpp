@@ -1,7 +1,6 @@
 #include "controls/NumericComboBox.h"
 
 #include <float.h>
-#include <string.h>
 
 IMPLEMENT_DYNAMIC(CShortComboBox, CStringComboBox)
 IMPLEMENT_DYNAMIC(CUShortComboBox, CStringComboBox)
@@ -14,19 +13,6 @@ CDoubleComboBox::CDoubleComboBox()
 {
 }
 
-// Bit for bit: a bound of -0.0 or a NaN counts as set, as it would on the edit.
-BOOL CDoubleComboBox::IsLowerSet() const
-{
-    const double dNone = DBL_MIN;
-    return memcmp(&m_dMinValue, &dNone, sizeof(double)) != 0;
-}
-
-BOOL CDoubleComboBox::IsUpperSet() const
-{
-    const double dNone = DBL_MAX;
-    return memcmp(&m_dMaxValue, &dNone, sizeof(double)) != 0;
-}
-
 CString CDoubleComboBox::FormatValue(double value) const
 {
     return CDouble::Format(value, m_nDecimalPlaces, m_bRound, m_bScientificNotation);
@@ -37,24 +23,12 @@ int CDoubleComboBox::ValidateAndGet(double& value, int nIndex, CDataExchange* pD
     CString strText;
     if (!GetValidationText(nIndex, pDX, strText))
         return FALSE;
-    CString strMessage;
-    double dRead = DBL_MIN;
-    int bValid =
-        CDouble::ValidateAndGet(strText, dRead, &strMessage, m_nDecimalPlaces, m_bRound, m_bScientificNotation);
     // The combo has no switch to refuse the undefined value: it is checked against the bounds
     // like any other value, and passes while they are open.
-    if (bValid && ((IsLowerSet() && dRead < m_dMinValue) || (IsUpperSet() && dRead > m_dMaxValue)))
-    {
-        bValid = FALSE;
-        strMessage = FormatRangeMessage(IsLowerSet() ? (LPCTSTR)CDouble::Format(m_dMinValue, -1, 0, 0) : NULL,
-                                        IsUpperSet() ? (LPCTSTR)CDouble::Format(m_dMaxValue, -1, 0, 0) : NULL,
-                                        "Please enter a valid value");
-    }
-    if (bValid)
-    {
-        value = dRead;
+    CString strMessage;
+    if (ReadDoubleInRange(strText, m_dMinValue, m_dMaxValue, m_nDecimalPlaces, m_bRound, m_bScientificNotation, TRUE,
+                          value, strMessage))
         return TRUE;
-    }
     return ReportFailure(strMessage, pDX, FOCUS_ALWAYS);
 }
 

@@ -171,8 +171,6 @@ public:
 
 protected:
     CStringEdit* CreateFieldEdit() override;
-    BOOL IsLowerSet() const;
-    BOOL IsUpperSet() const;
     CString FormatValue(double value) const;
 
     int m_nDecimalPlaces;

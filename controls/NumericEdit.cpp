@@ -25,11 +25,6 @@ namespace
 const double NO_LOWER_BOUND = DBL_MIN; // also CDouble's undefined value
 const double NO_UPPER_BOUND = DBL_MAX;
 
-BOOL IsSameDouble(double d1, double d2)
-{
-    return memcmp(&d1, &d2, sizeof(double)) == 0;
-}
-
 // A text that CDouble cannot read yet but will once it is complete: the beginnings of "??",
 // "+INF" and "-INF", the complete spellings included.
 BOOL IsSpecialSpellingPrefix(const CString& strText)
@@ -51,35 +46,20 @@ CDoubleEdit::CDoubleEdit()
 
 BOOL CDoubleEdit::IsLowerSet() const
 {
-    return !IsSameDouble(m_dMinValue, NO_LOWER_BOUND);
+    return IsDoubleBoundSet(m_dMinValue, NO_LOWER_BOUND);
 }
 
 BOOL CDoubleEdit::IsUpperSet() const
 {
-    return !IsSameDouble(m_dMaxValue, NO_UPPER_BOUND);
+    return IsDoubleBoundSet(m_dMaxValue, NO_UPPER_BOUND);
 }
 
 int CDoubleEdit::ValidateAndGet(double& value, CDataExchange* pDX)
 {
-    CString strText = GetExchangeText(pDX);
     CString strMessage;
-    double dRead = DBL_MIN;
-    int bValid = CDouble::ValidateAndGet(strText, dRead, &strMessage, m_nDecimalPlaces, m_bRound,
-                                         m_bScientificNotation);
-    if (bValid && !((!IsLowerSet() || dRead >= m_dMinValue) && (!IsUpperSet() || dRead <= m_dMaxValue) &&
-                    (dRead != DBL_MIN || m_bAcceptUndefined)))
-    {
-        bValid = FALSE;
-        // The bounds print in full, whatever places the control shows.
-        strMessage = FormatRangeMessage(IsLowerSet() ? (LPCTSTR)CDouble::Format(m_dMinValue, -1, 0, 0) : NULL,
-                                        IsUpperSet() ? (LPCTSTR)CDouble::Format(m_dMaxValue, -1, 0, 0) : NULL,
-                                        "Please enter a valid value");
-    }
-    if (bValid)
-    {
-        value = dRead;
+    if (ReadDoubleInRange(GetExchangeText(pDX), m_dMinValue, m_dMaxValue, m_nDecimalPlaces, m_bRound,
+                          m_bScientificNotation, m_bAcceptUndefined, value, strMessage))
         return TRUE;
-    }
     return ReportFailure(strMessage, pDX, FOCUS_SELECT_WHEN_SHOWN);
 }
 

@@ -307,6 +307,8 @@ protected:
 
 // A window's text, at most nMaxLen characters of it.
 AFX_CORE_API void AFXAPI AfxGetWindowText(HWND hWnd, CString& rString, int nMaxLen = 0x7FFFFFFF);
+// Registers the class unless its module already has a class of that name; TRUE when it is there.
+AFX_CORE_API BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass);
 
 // While a window exchanges data, the notifications of its controls are ignored; returns the
 // window locked out before.

@@ -751,6 +751,16 @@ void CWnd::OnInitMenuPopup(CMenu*, UINT, BOOL) { Default(); }
 // ---------------------------------------------------------------------------------------------
 // CWnd: wrappers that need more than one call
 
+BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass)
+{
+    if (lpWndClass == NULL || lpWndClass->lpszClassName == NULL)
+        return FALSE;
+    WNDCLASS wndcls;
+    if (::GetClassInfo(lpWndClass->hInstance, lpWndClass->lpszClassName, &wndcls))
+        return TRUE;
+    return ::RegisterClass(lpWndClass) != 0;
+}
+
 void AFXAPI AfxGetWindowText(HWND hWnd, CString& rString, int nMaxLen)
 {
     int nLength = ::GetWindowTextLengthA(hWnd);

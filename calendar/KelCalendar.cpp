@@ -120,17 +120,14 @@ CKelCalendar::~CKelCalendar()
 
 BOOL CKelCalendar::RegisterWndClass()
 {
-    HINSTANCE hInstance = CKelControlsModule::GetInstanceHandle();
-    WNDCLASSA wc;
-    if (::GetClassInfoA(hInstance, GetClassName(), &wc))
-        return TRUE;
+    WNDCLASS wc;
     memset(&wc, 0, sizeof(wc));
     wc.style = kClassStyle;
     wc.lpfnWndProc = ::DefWindowProcA;
-    wc.hInstance = hInstance;
+    wc.hInstance = CKelControlsModule::GetInstanceHandle();
     wc.hCursor = ::LoadCursor(NULL, IDC_ARROW);
     wc.lpszClassName = GetClassName();
-    return ::RegisterClassA(&wc) != 0 || ::GetClassInfoA(hInstance, GetClassName(), &wc);
+    return AfxRegisterClass(&wc);
 }
 
 BOOL CKelCalendar::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, DWORD dwCalStyle)

@@ -92,18 +92,15 @@ int InitKelControlsInterface(DWORD, const KelControlsInit* pInit)
     s_hDragCursor = pInit->hDragCursor;
     s_hAltDragCursor = pInit->hAltDragCursor;
 
-    WNDCLASSA wc;
-    HINSTANCE hInstance = s_extensionModule.hModule;
-    if (::GetClassInfoA(hInstance, EVENT_LIST_CLASS, &wc))
-        return TRUE;
+    WNDCLASS wc;
     memset(&wc, 0, sizeof(wc));
     wc.style = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS;
     wc.lpfnWndProc = EventListWndProc;
-    wc.hInstance = hInstance;
+    wc.hInstance = s_extensionModule.hModule;
     wc.hCursor = ::LoadCursorA(NULL, MAKEINTRESOURCEA(32512)); // IDC_ARROW
     wc.hbrBackground = static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH));
     wc.lpszClassName = EVENT_LIST_CLASS;
-    return ::RegisterClassA(&wc) != 0;
+    return AfxRegisterClass(&wc);
 }
 
 CDynLinkLibrary* LinkNewDynLinkLibraryToKelControls(int nDebug)

@@ -10,18 +10,15 @@ const char kDropDownClass[] = "_KELCOMBOGRIDDROPDOWN";
 
 bool RegisterDropDownClass()
 {
-    HINSTANCE hInstance = AfxGetInstanceHandle();
-    WNDCLASSA wc;
-    if (::GetClassInfoA(hInstance, kDropDownClass, &wc))
-        return true;
+    WNDCLASS wc;
     memset(&wc, 0, sizeof(wc));
     wc.style = CS_DBLCLKS;
     wc.lpfnWndProc = ::DefWindowProcA;
-    wc.hInstance = hInstance;
+    wc.hInstance = AfxGetInstanceHandle();
     wc.hCursor = ::LoadCursor(NULL, IDC_ARROW);
     wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     wc.lpszClassName = kDropDownClass;
-    return ::RegisterClassA(&wc) != 0 || ::GetClassInfoA(hInstance, kDropDownClass, &wc);
+    return AfxRegisterClass(&wc) != FALSE;
 }
 
 bool IsInside(HWND hWnd, HWND hWndRoot)

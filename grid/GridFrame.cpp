@@ -21,17 +21,14 @@ const char kFrameClass[] = "_KELGRID";
 
 bool RegisterFrameClass()
 {
-    HINSTANCE hInstance = AfxGetInstanceHandle();
-    WNDCLASSA wc;
-    if (::GetClassInfoA(hInstance, kFrameClass, &wc))
-        return true;
+    WNDCLASS wc;
     memset(&wc, 0, sizeof(wc));
     wc.style = CS_DBLCLKS;
     wc.lpfnWndProc = ::DefWindowProcA;
-    wc.hInstance = hInstance;
+    wc.hInstance = AfxGetInstanceHandle();
     wc.hCursor = ::LoadCursor(NULL, IDC_ARROW);
     wc.lpszClassName = kFrameClass;
-    return ::RegisterClassA(&wc) != 0 || ::GetClassInfoA(hInstance, kFrameClass, &wc);
+    return AfxRegisterClass(&wc) != FALSE;
 }
 
 // Pixels per inch of the screen, the scale the grid is laid out in.

@@ -15,18 +15,15 @@ const LPCTSTR CLASS_NAME = _T("KelProgressWnd");
 // answers; the class brush paints the background in the button-face colour.
 BOOL RegisterProgressClass()
 {
-    HINSTANCE hInstance = ::GetModuleHandle(NULL);
     WNDCLASS wc;
-    if (::GetClassInfo(hInstance, CLASS_NAME, &wc))
-        return TRUE;
     memset(&wc, 0, sizeof(wc));
     wc.style = CS_OWNDC | CS_HREDRAW | CS_VREDRAW;
     wc.lpfnWndProc = ::DefWindowProc;
-    wc.hInstance = hInstance;
+    wc.hInstance = ::GetModuleHandle(NULL);
     wc.hCursor = ::LoadCursor(NULL, IDC_APPSTARTING);
     wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     wc.lpszClassName = CLASS_NAME;
-    return ::RegisterClass(&wc) != 0;
+    return AfxRegisterClass(&wc);
 }
 
 CWnd* GetLiveMainWnd()
